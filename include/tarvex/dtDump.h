@@ -1,0 +1,20 @@
+// Labelled dump lines written to DtDumpStream. Each line is the label, left-aligned in a column of
+// DtDumpLabelWidth characters, one blank, then the value.
+#pragma once
+
+#include "tarvex/tarvexExport.h"
+
+constexpr int DtDumpLabelWidth = 24;
+
+TARVEX_EXPORT void DtDumpString(const char* label, const char* text);
+// "<text> (<value>)"
+TARVEX_EXPORT void DtDumpEnum(const char* label, const char* text, long long value);
+// Two lowercase hex digits per byte, separated by blanks.
+TARVEX_EXPORT void DtDumpHexBytes(const char* label, const void* bytes, int count);
+// "%f"
+TARVEX_EXPORT void DtDumpFloat(const char* label, double value);
+TARVEX_EXPORT void DtDumpInteger(const char* label, long long value);
+// "true" or "false"
+TARVEX_EXPORT void DtDumpBoolean(const char* label, bool value);
+// The text exactly as given: for lines that carry no value.
+TARVEX_EXPORT void DtDumpText(const char* text);

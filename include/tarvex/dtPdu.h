@@ -1,0 +1,142 @@
+// The PDU base: owns one network image and gives bounded, byte-order-independent access to it.
+//
+// The image lives in storage inside the object, large enough for every fixed-size PDU, so that building and
+// filling a PDU costs no heap traffic; only an image that grows past it moves to the heap. Bytes past the
+// image's initialised extent read as zero, and a write that does not fit the storage is dropped, so no
+// accessor can touch memory outside the object, whatever offset or length a received header states.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+
+#include "tarvex/dtNetTypes.h"
+#include "tarvex/dtString.h"
+#include "tarvex/dtVector.h"
+#include "tarvex/tarvexExport.h"
+
+// Lets a caller supply where a PDU keeps its bytes. This toolkit always keeps them inside the PDU; the
+// argument is accepted so that the PDU constructors keep their customary signature.
+class DtBufferPlaceHolder;
+// The factory through which a received PDU was built; the PDU records it and hands it back, nothing more.
+class DtPduFactory;
+
+// The 12-byte PDU header as it travels (IEEE 1278.1 layout).
+struct DtNetPduHeader {
+  unsigned char protocolVersion;
+  unsigned char exerciseId;
+  unsigned char kind;
+  unsigned char protocolFamily;
+  DtNetU32 timeStamp;
+  DtNetU16 length;
+  unsigned char padding[2];
+};
+static_assert(sizeof(DtNetPduHeader) == 12, "PDU header is 12 bytes");
+
+class TARVEX_EXPORT DtPdu {
+ public:
+  static constexpr int kHeaderSize = 12;
+  static constexpr int kMaxLength = 65535;      // the header's length field is 16 bits
+  static constexpr int kInlineCapacity = 1544;  // room for the largest fixed-size control PDU
+  static constexpr int kDefaultProtocolVersion = 6;
+  static constexpr int kDefaultExerciseId = 1;
+  static constexpr int kDefaultProtocolFamily = 129;
+
+  DtPdu() = default;
+  DtPdu(const DtPdu& other);
+  DtPdu& operator=(const DtPdu& other);
+  virtual ~DtPdu();
+
+  // Builds a new zero-filled image of the given length and writes its header.
+  void initPdu(int length, DtBufferPlaceHolder* holder);
+  // Copies a received image; its header's length field says how many bytes (never fewer than the header).
+  void initPdu(const void* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+
+  // The image's first byte, and its length as the header states it.
+  const unsigned char* packet() const { return data(); }
+  unsigned char* packet() { return data(); }
+  int length() const { return u16At(kLengthOffset); }
+
+  // Resizing keeps the image contiguous and the length field true. Each refuses (returns false and changes
+  // nothing) a result that the length field cannot state or an offset outside the image.
+  [[nodiscard]] bool changeSize(int newLength);
+  [[nodiscard]] bool insertBytes(int offset, int count);
+  [[nodiscard]] bool deleteBytes(int offset, int count);
+
+  // Header fields.
+  int protocolVersion() const { return u8At(0); }
+  int exerciseId() const { return u8At(1); }
+  void setExerciseId(int id) { setU8At(1, static_cast<std::uint8_t>(id)); }
+  int pduKind() const { return u8At(2); }
+  int protocolFamily() const { return u8At(3); }
+  std::uint32_t timeStamp() const { return u32At(4); }
+  void setTimeStamp(std::uint32_t stamp) { setU32At(4, stamp); }
+  DtPduFactory* factory() const { return factory_; }
+
+  virtual int internalGetPduKind() const;
+  // The header's fields, then printData().
+  virtual void print() const;
+  // The PDU's own fields; the base dumps the bytes after the header.
+  virtual void printData() const;
+  // printData() into the given stream instead of DtDumpStream.
+  void printDataToStream(std::ostream& out) const;
+
+  // Bounded wire access at byte offsets. A read that does not lie wholly inside the initialised image gives
+  // zero; a write that does not fit the storage is dropped.
+  std::uint8_t u8At(int offset) const;
+  void setU8At(int offset, std::uint8_t value);
+  std::uint16_t u16At(int offset) const;
+  void setU16At(int offset, std::uint16_t value);
+  std::uint32_t u32At(int offset) const;
+  void setU32At(int offset, std::uint32_t value);
+  std::int32_t i32At(int offset) const;
+  void setI32At(int offset, std::int32_t value);
+  float f32At(int offset) const;
+  void setF32At(int offset, float value);
+  double f64At(int offset) const;
+  void setF64At(int offset, double value);
+
+  // Three consecutive doubles, or three floats widened to / narrowed from doubles.
+  DtVector64 f64VectorAt(int offset) const;
+  void setF64VectorAt(int offset, const DtVector64& v);
+  DtVector64 f32VectorAt(int offset) const;
+  void setF32VectorAt(int offset, const DtVector64& v);
+  // Tait-Bryan angles in 32-bit (DtNetEulerAngles) or 64-bit floats, psi first.
+  DtTaitBryan eulerAt(int offset) const;
+  void setEulerAt(int offset, const DtTaitBryan& angles);
+  DtTaitBryan f64EulerAt(int offset) const;
+  void setF64EulerAt(int offset, const DtTaitBryan& angles);
+
+  // A 64-byte name field (DtNetGlobalObjectDesignator encoding).
+  DtString designatorAt(int offset) const;
+  void setDesignatorAt(int offset, const DtString& name);
+  // A fixed character field of the given width filled like strncpy: at most width bytes, zero-padded, with
+  // no terminator when the text fills the field.
+  void setTextAt(int offset, int width, const char* text);
+  // Zero-terminated text starting at offset; an unterminated field reads on into the bytes after it, up to
+  // the end of the initialised image.
+  DtString textAt(int offset) const;
+
+  // Copies raw bytes into the image at offset, under the same rule as the other writes.
+  void setBytesAt(int offset, const void* bytes, int count);
+
+ protected:
+  static constexpr int kLengthOffset = 8;
+
+ private:
+  unsigned char* data() { return heap_ ? heap_.get() : inline_; }
+  const unsigned char* data() const { return heap_ ? heap_.get() : inline_; }
+  int capacity() const { return heap_ ? heapCapacity_ : kInlineCapacity; }
+  const unsigned char* readable(int offset, int width) const;
+  unsigned char* writable(int offset, int width);
+  bool reserve(int bytes);
+  void setLengthField(int length);
+  void copyFrom(const DtPdu& other);
+
+  // Bytes [0, extent_) of the storage are initialised; the rest is never read.
+  int extent_ = 0;
+  int heapCapacity_ = 0;
+  std::unique_ptr<unsigned char[]> heap_;
+  DtPduFactory* factory_ = nullptr;
+  unsigned char inline_[kInlineCapacity];
+};

@@ -1,0 +1,102 @@
+// The control PDU (PDU kind 202): base class of every view-control and draw-control PDU, and the operations
+// that turn a received image or a command number into an object of the right class.
+#pragma once
+
+#include "tarvex/dtNetViewControlPdu.h"
+#include "tarvex/dtPdu.h"
+#include "tarvex/dtString.h"
+#include "tarvex/dtViewerCommand.h"
+#include "vistralcontrol/vistralExport.h"
+
+class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
+ public:
+  static constexpr int kPduKind = 202;
+  static constexpr int kTextBufferSize = 400;
+  static constexpr int kStatusOffset = 500;
+  static constexpr unsigned kDrawControlMark = 0x600DF00D;
+
+  DtVistralControlPdu();
+  DtVistralControlPdu(const DtVistralControlPdu& other);
+  DtVistralControlPdu& operator=(const DtVistralControlPdu& other);
+  ~DtVistralControlPdu() override;
+
+  void printData() const override;
+  int internalGetPduKind() const override;
+  // The text form: a subclass writes one line into the text buffer, valid until the next call.
+  virtual void setFromString(const char* text);
+  virtual const char* string() const;
+
+  // The viewer addressed and the sending application. Both getters fill one shared cache: copy the first
+  // result before asking for the second.
+  const DtString& viewerId() const;
+  void setViewerId(const DtString& id);
+  const DtString& senderId() const;
+  void setSenderId(const DtString& id);
+
+  DtViewerCommand viewerCommand() const;
+  void setViewerCommand(DtViewerCommand command);
+
+  // The 32-bit flags widened with sign extension: bit 31 set gives the upper 32 bits all ones.
+  unsigned long ignoreFlags() const;
+  void setIgnoreFlags(unsigned long flags);
+
+  // The command is a status (answer) form: 500 to 600.
+  bool statusCommand() const;
+  void setStatusCommand(bool status);
+
+  // Digits, at most one point, a minus sign only first, at least one digit.
+  bool isNumber(const char* text) const;
+
+  // Creation from a received image (owned by the caller; null when the kind or command is not recognised).
+  static DtPdu* create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+  static DtPdu* createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+  static DtPdu* createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                  DtPduFactory* factory);
+  static DtPdu* createDrawControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                  DtPduFactory* factory);
+  static DtPdu* createDrawControlCurrent(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                         DtPduFactory* factory);
+  static DtPdu* createDrawControlV0(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                    DtPduFactory* factory);
+  // The draw-control parameter version of an image: the word at 156 when the mark is at 152, else 0.
+  static int drawControlParamVersion(const DtNetViewControlPdu* image);
+
+ protected:
+  // The text buffer that string() fills; const because string() is.
+  char* textBuffer() const { return text_; }
+  // printf-style formatting into the text buffer, cut at its end; returns the buffer.
+  const char* formatText(const char* format, ...) const
+#if defined(__GNUC__)
+      __attribute__((format(printf, 2, 3)))
+#endif
+      ;
+
+ private:
+  mutable DtString idCache_;
+  mutable char text_[kTextBufferSize];
+};
+
+// The request-state PDU: the fixed part alone, 152 bytes, command 14. Its ignore flags lie past its end and
+// are never sent.
+class VISTRAL_EXPORT DtRequestStateVCPdu : public DtVistralControlPdu {
+ public:
+  static constexpr int kLength = 152;
+  explicit DtRequestStateVCPdu(DtBufferPlaceHolder* holder = nullptr);
+  DtRequestStateVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+  ~DtRequestStateVCPdu() override;
+};
+
+// Any kind-202 image that no table recognises, so that its fixed part can still be read and printed.
+class VISTRAL_EXPORT DtUnknownVistralControlPdu : public DtVistralControlPdu {
+ public:
+  DtUnknownVistralControlPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                             DtPduFactory* factory);
+  ~DtUnknownVistralControlPdu() override;
+};
+
+// An empty PDU for a command number (view-control first, then draw-control); null when none exists.
+VISTRAL_EXPORT DtVistralControlPdu* DtNewVistralControlPdu(DtViewerCommand command);
+// An empty view-control PDU for a command or status number; null when none exists.
+VISTRAL_EXPORT DtVistralControlPdu* DtNewViewControlPdu(DtViewerCommand command);
+// An empty draw-control PDU for a draw-object type, current layout; null when none exists.
+VISTRAL_EXPORT DtVistralControlPdu* DtNewDrawControlPdu(DtViewerCommand type);

@@ -1,0 +1,302 @@
+#include "vistralcontrol/vistralControlPdu.h"
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <iterator>
+
+#include "tarvex/dtDump.h"
+#include "tarvex/dtMessage.h"
+#include "vcLayout.h"
+#include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/moveVcPdu.h"
+
+using VcLayout::Fixed;
+
+namespace {
+// The start-up banner is written once per process, by the first control PDU built empty or from an image.
+bool theVersionIsPrinted = false;
+constexpr const char* kApiVersion = "1.2";
+constexpr const char* kToolkitVersion = "5.8";
+
+const unsigned char* bytesOf(const void* image) { return static_cast<const unsigned char*>(image); }
+}  // namespace
+
+DtVistralControlPdu::DtVistralControlPdu() {
+  text_[0] = '\0';
+  if (!theVersionIsPrinted) {
+    DtInfo.message("Using Quorel Technologies vistral control API version %s for Tarvex %s.\n", kApiVersion,
+                   kToolkitVersion);
+    theVersionIsPrinted = true;
+  }
+}
+
+DtVistralControlPdu::DtVistralControlPdu(const DtVistralControlPdu& other)
+    : DtPdu(other), idCache_(other.idCache_) {
+  std::memcpy(text_, other.text_, sizeof text_);
+}
+
+DtVistralControlPdu& DtVistralControlPdu::operator=(const DtVistralControlPdu& other) {
+  DtPdu::operator=(other);
+  idCache_ = other.idCache_;
+  if (this != &other) std::memcpy(text_, other.text_, sizeof text_);
+  return *this;
+}
+
+DtVistralControlPdu::~DtVistralControlPdu() = default;
+
+int DtVistralControlPdu::internalGetPduKind() const { return kPduKind; }
+
+void DtVistralControlPdu::setFromString(const char* /*text*/) {}
+
+const char* DtVistralControlPdu::string() const { return ""; }
+
+const DtString& DtVistralControlPdu::viewerId() const {
+  idCache_ = designatorAt(Fixed::viewerId);
+  return idCache_;
+}
+
+void DtVistralControlPdu::setViewerId(const DtString& id) { setDesignatorAt(Fixed::viewerId, id); }
+
+const DtString& DtVistralControlPdu::senderId() const {
+  idCache_ = designatorAt(Fixed::senderId);
+  return idCache_;
+}
+
+void DtVistralControlPdu::setSenderId(const DtString& id) { setDesignatorAt(Fixed::senderId, id); }
+
+DtViewerCommand DtVistralControlPdu::viewerCommand() const {
+  return static_cast<DtViewerCommand>(u16At(Fixed::command));
+}
+
+void DtVistralControlPdu::setViewerCommand(DtViewerCommand command) {
+  setU16At(Fixed::command, static_cast<std::uint16_t>(command));
+}
+
+unsigned long DtVistralControlPdu::ignoreFlags() const {
+  // Widened through a signed 32-bit value on purpose: receivers compare against the sign-extended form.
+  return static_cast<unsigned long>(static_cast<long>(i32At(Fixed::ignoreFlags)));
+}
+
+void DtVistralControlPdu::setIgnoreFlags(unsigned long flags) {
+  setU32At(Fixed::ignoreFlags, static_cast<std::uint32_t>(flags));
+}
+
+bool DtVistralControlPdu::statusCommand() const {
+  const int command = viewerCommand();
+  return command >= kStatusOffset && command <= 600;
+}
+
+void DtVistralControlPdu::setStatusCommand(bool status) {
+  const int command = viewerCommand();
+  if (status && command < kStatusOffset) setViewerCommand(static_cast<DtViewerCommand>(command + kStatusOffset));
+  if (!status && command >= kStatusOffset)
+    setViewerCommand(static_cast<DtViewerCommand>(command - kStatusOffset));
+}
+
+bool DtVistralControlPdu::isNumber(const char* text) const {
+  if (text == nullptr) return false;
+  bool sawDigit = false;
+  int points = 0;
+  for (std::size_t i = 0, n = std::strlen(text); i < n; ++i) {
+    const char c = text[i];
+    if (c >= '0' && c <= '9') {
+      sawDigit = true;
+    } else if (c == '.') {
+      ++points;
+    } else if (c != '-' || i != 0) {
+      return false;
+    }
+  }
+  return sawDigit && points < 2;
+}
+
+void DtVistralControlPdu::printData() const {
+  const DtString viewer = viewerId();
+  DtDumpString("ViewerId", viewer.c_str());
+  DtDumpString("SenderId", senderId().c_str());
+  const DtViewerCommand command = viewerCommand();
+  DtDumpEnum("Command", DtEnumString(command), command);
+  // The flags' four bytes as this host holds them.
+  const std::uint32_t flags = u32At(Fixed::ignoreFlags);
+  unsigned char hostBytes[sizeof flags];
+  std::memcpy(hostBytes, &flags, sizeof flags);
+  DtDumpHexBytes("IgnoreFlags", hostBytes, sizeof hostBytes);
+}
+
+const char* DtVistralControlPdu::formatText(const char* format, ...) const {
+  va_list args;
+  va_start(args, format);
+  std::vsnprintf(text_, sizeof text_, format, args);
+  va_end(args);
+  return text_;
+}
+
+// ---------------------------------------------------------------------------------------------------------
+// Request-state and unknown PDUs
+
+DtRequestStateVCPdu::DtRequestStateVCPdu(DtBufferPlaceHolder* holder) {
+  initPdu(kLength, holder);
+  setViewerCommand(DtVcRequestState);
+}
+
+DtRequestStateVCPdu::DtRequestStateVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                         DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+}
+
+DtRequestStateVCPdu::~DtRequestStateVCPdu() = default;
+
+DtUnknownVistralControlPdu::DtUnknownVistralControlPdu(const DtNetViewControlPdu* image,
+                                                       DtBufferPlaceHolder* holder, DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+}
+
+DtUnknownVistralControlPdu::~DtUnknownVistralControlPdu() = default;
+
+// ---------------------------------------------------------------------------------------------------------
+// Dispatch tables
+
+namespace {
+using FromImage = DtVistralControlPdu* (*)(const DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFactory*);
+using MakeEmpty = DtVistralControlPdu* (*)();
+
+template <class T>
+DtVistralControlPdu* fromImage(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                               DtPduFactory* factory) {
+  return new T(image, holder, factory);
+}
+
+template <class T>
+DtVistralControlPdu* makeEmpty() {
+  return new T(nullptr);
+}
+
+// One row per view-control command 0..14: the class built from a received image, the class built empty by
+// DtNewViewControlPdu (null where that table deliberately has a hole), and whether the command has a status
+// form (command + 500).
+struct ViewRow {
+  FromImage fromImage;
+  MakeEmpty makeEmpty;
+  bool hasStatusForm;
+};
+
+constexpr ViewRow kViewTable[] = {
+    /*  0 absolute      */ {fromImage<DtAbsoluteVCPdu>, makeEmpty<DtAbsoluteVCPdu>, true},
+    /*  1 tether        */ {nullptr, nullptr, true},
+    /*  2 compass       */ {nullptr, nullptr, true},
+    /*  3 mimic         */ {nullptr, nullptr, true},
+    /*  4 offset mimic  */ {nullptr, nullptr, true},
+    /*  5 orbit         */ {nullptr, nullptr, true},
+    /*  6 track         */ {nullptr, nullptr, true},
+    /*  7 tether-track  */ {nullptr, nullptr, true},
+    /*  8 mimic-track   */ {nullptr, nullptr, true},
+    /*  9 group         */ {nullptr, nullptr, true},
+    /* 10 modeless      */ {nullptr, nullptr, true},
+    /* 11 options       */ {nullptr, nullptr, false},
+    /* 12 pivot         */ {nullptr, nullptr, true},
+    /* 13 move          */ {fromImage<DtMoveVCPdu>, makeEmpty<DtMoveVCPdu>, false},
+    /* 14 request state */ {fromImage<DtRequestStateVCPdu>, makeEmpty<DtRequestStateVCPdu>, false},
+};
+constexpr int kViewCommands = static_cast<int>(std::size(kViewTable));
+
+// The row of a command or of its status form; null when neither applies.
+const ViewRow* viewRow(int command, bool* status) {
+  *status = command >= DtVistralControlPdu::kStatusOffset;
+  const int base = *status ? command - DtVistralControlPdu::kStatusOffset : command;
+  if (base < 0 || base >= kViewCommands) return nullptr;
+  const ViewRow* row = &kViewTable[base];
+  return !*status || row->hasStatusForm ? row : nullptr;
+}
+
+// Draw-control rows by viewer command, current and version-0 layouts.
+struct DrawRow {
+  int command;
+  FromImage fromImage;
+};
+constexpr std::array<DrawRow, 0> kDrawTableCurrent{};
+constexpr std::array<DrawRow, 0> kDrawTableV0{};
+
+template <std::size_t N>
+DtPdu* buildDraw(const std::array<DrawRow, N>& table, const DtNetViewControlPdu* image,
+                 DtBufferPlaceHolder* holder) {
+  const int command = DtWire::loadU16(bytesOf(image) + Fixed::command);
+  for (const DrawRow& row : table) {
+    if (row.command == command) return row.fromImage(image, holder, nullptr);
+  }
+  return nullptr;
+}
+}  // namespace
+
+DtPdu* DtVistralControlPdu::create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                                   DtPduFactory* factory) {
+  if (image == nullptr || image->kind != kPduKind) return nullptr;
+  auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
+  if (DtPdu* pdu = createViewControl(vc, holder, factory)) return pdu;
+  if (DtPdu* pdu = createDrawControl(vc, holder, factory)) return pdu;
+  return new DtUnknownVistralControlPdu(vc, holder, factory);
+}
+
+DtPdu* DtVistralControlPdu::createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                                          DtPduFactory* factory) {
+  if (image == nullptr || image->kind != kPduKind) return nullptr;
+  auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
+  if (DtPdu* pdu = createViewControl(vc, holder, factory)) return pdu;
+  if (DtPdu* pdu = createDrawControlCurrent(vc, holder, factory)) return pdu;
+  return new DtUnknownVistralControlPdu(vc, holder, factory);
+}
+
+DtPdu* DtVistralControlPdu::createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                              DtPduFactory* factory) {
+  if (image == nullptr) return nullptr;
+  bool status = false;
+  const ViewRow* row = viewRow(DtWire::loadU16(bytesOf(image) + Fixed::command), &status);
+  if (row == nullptr || row->fromImage == nullptr) return nullptr;
+  DtVistralControlPdu* pdu = row->fromImage(image, holder, factory);
+  if (status) pdu->setStatusCommand(true);
+  return pdu;
+}
+
+DtPdu* DtVistralControlPdu::createDrawControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                              DtPduFactory* /*factory*/) {
+  if (image == nullptr) return nullptr;
+  // The factory is not handed on to draw-control objects.
+  return drawControlParamVersion(image) != 0 ? createDrawControlCurrent(image, holder, nullptr)
+                                             : createDrawControlV0(image, holder, nullptr);
+}
+
+DtPdu* DtVistralControlPdu::createDrawControlCurrent(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                                     DtPduFactory* /*factory*/) {
+  if (image == nullptr) return nullptr;
+  return buildDraw(kDrawTableCurrent, image, holder);
+}
+
+DtPdu* DtVistralControlPdu::createDrawControlV0(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                                DtPduFactory* /*factory*/) {
+  if (image == nullptr) return nullptr;
+  return buildDraw(kDrawTableV0, image, holder);
+}
+
+int DtVistralControlPdu::drawControlParamVersion(const DtNetViewControlPdu* image) {
+  if (image == nullptr) return 0;
+  const unsigned char* bytes = bytesOf(image);
+  return DtWire::loadU32(bytes + Fixed::drawMark) == kDrawControlMark ? DtWire::loadU16(bytes + Fixed::drawVersion)
+                                                                      : 0;
+}
+
+DtVistralControlPdu* DtNewViewControlPdu(DtViewerCommand command) {
+  bool status = false;
+  const ViewRow* row = viewRow(command, &status);
+  if (row == nullptr || row->makeEmpty == nullptr) return nullptr;
+  DtVistralControlPdu* pdu = row->makeEmpty();
+  if (status) pdu->setStatusCommand(true);
+  return pdu;
+}
+
+DtVistralControlPdu* DtNewDrawControlPdu(DtViewerCommand /*type*/) { return nullptr; }
+
+DtVistralControlPdu* DtNewVistralControlPdu(DtViewerCommand command) {
+  if (DtVistralControlPdu* pdu = DtNewViewControlPdu(command)) return pdu;
+  return DtNewDrawControlPdu(command);
+}
