@@ -1,11 +1,10 @@
-// Builds an absolute and a move command, prints them, and reads their bytes back as a receiver would.
+// Builds one command of each family, prints it and its text form, and reads its bytes back as a receiver
+// would.
 #include <cstring>
 #include <iostream>
 #include <memory>
 
-#include "tarvex/dtMessage.h"
-#include "vistralcontrol/absoluteVcPdu.h"
-#include "vistralcontrol/moveVcPdu.h"
+#include "demoPdus.h"
 
 namespace {
 bool sameBytes(const DtPdu& a, const DtPdu& b) {
@@ -27,19 +26,6 @@ void show(const char* title, const DtVistralControlPdu& sent) {
 }  // namespace
 
 int main() {
-  DtAbsoluteVCPdu absolute;
-  absolute.setViewerId("vistral-1");
-  absolute.setSenderId("demo-controller");
-  absolute.setWorldLocation(DtVector64(-2476512.25, -4665431.5, 3588000.75));
-  absolute.setOrientation(DtTaitBryan(1.5, -0.25, 0.0));
-  absolute.setIgnoreFlags(0);
-  show("absolute mode", absolute);
-
-  DtMoveVCPdu move;
-  move.setViewerId("vistral-1");
-  move.setSenderId("demo-controller");
-  move.setFromString("1 4 1.5 2 3");
-  move.setIgnoreFlags(0xFEFFFFFF);
-  show("move", move);
+  for (const auto& [title, pdu] : demoPdus("vistral-1", "demo-controller")) show(title, *pdu);
   return 0;
 }

@@ -1,0 +1,47 @@
+// Runs every benchmark, then prints for each benchmark "X" that has a partner "X_Baseline" the ratio of their
+// times: how much the library costs over doing the same work by hand.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Iteration && !run.error_occurred) times_[run.benchmark_name()] = run.GetAdjustedCPUTime();
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+
+  void printRatios() const {
+    const std::string suffix = "_Baseline";
+    std::printf("\nratio of each benchmark to its baseline (CPU time):\n");
+    for (const auto& [name, time] : times_) {
+      const auto cut = name.find(suffix);
+      if (cut == std::string::npos) continue;
+      const std::string subject = name.substr(0, cut) + name.substr(cut + suffix.size());
+      const auto found = times_.find(subject);
+      if (found == times_.end() || time <= 0) continue;
+      std::printf("  %-48s %6.2fx  (%.1f ns vs %.1f ns)\n", subject.c_str(), found->second / time, found->second,
+                  time);
+    }
+  }
+
+ private:
+  std::map<std::string, double> times_;
+};
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  reporter.printRatios();
+  benchmark::Shutdown();
+  return 0;
+}
