@@ -119,6 +119,8 @@ class TARVEX_EXPORT DtPdu {
 
   // Copies raw bytes into the image at offset, under the same rule as the other writes.
   void setBytesAt(int offset, const void* bytes, int count);
+  // Copies count bytes of the image from offset out; bytes outside the initialised image come out as zero.
+  void copyBytesAt(int offset, void* out, int count) const;
 
  protected:
   static constexpr int kLengthOffset = 8;

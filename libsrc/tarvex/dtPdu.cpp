@@ -182,3 +182,12 @@ void DtPdu::setBytesAt(int offset, const void* bytes, int count) {
   if (bytes == nullptr || count <= 0) return;
   if (unsigned char* p = writable(offset, count)) std::memcpy(p, bytes, static_cast<std::size_t>(count));
 }
+
+void DtPdu::copyBytesAt(int offset, void* out, int count) const {
+  if (out == nullptr || count <= 0) return;
+  auto* dst = static_cast<unsigned char*>(out);
+  std::memset(dst, 0, static_cast<std::size_t>(count));
+  const int first = std::max(offset, 0);
+  const long long last = std::min<long long>(static_cast<long long>(offset) + count, extent_);
+  if (last > first) std::memcpy(dst + (first - offset), data() + first, static_cast<std::size_t>(last - first));
+}
