@@ -1,0 +1,172 @@
+// The exercise connection: one federate joined to one federation execution, the one way onto a federation.
+//
+// Backends. The in-process federation (always built, the default) joins every connection of this process that
+// names the same execution into one federation. An HLA 1.3 RTI backend is built in when the project is
+// configured with an RTI (VISTRAL_RTI13_ROOT); it speaks only the standard HLA 1.3 API. A connection uses the
+// RTI when its execution name carries a URL scheme ("rti://host:port/Exec" for a running RTI server,
+// "thread:///Exec" for an RTI in this process; the whole name goes to the RTI), or when the backend is asked
+// for by name; otherwise it uses the in-process federation. Asking for the RTI in a build without one is a
+// DtException.
+//
+// FOM. The connection reads the FED file it is given (HLA 1.3 OMT text format; an unreadable or malformed
+// file is a DtException naming the file and line); with none, the project's ViewControl.fed, which is built
+// into the library. Its interaction classes form the connection's interaction-class table, with the handles
+// of the federation. In the in-process federation the first federate to join creates the execution with its
+// FOM and later ones share it, as with an RTI. The FOM mapper renames library names to FOM names.
+//
+// Sending and receiving. An interaction sent by one federate reaches every other federate of the execution
+// that has a callback for its class, never the sender, in send order. It arrives when the receiving
+// application calls processIncoming() on its connection; callbacks run inside that call, on the caller's
+// thread.
+//
+// Threads: none are started and no locks are taken. A connection and every interaction it hands out belong to
+// the thread that uses it; connections to the in-process federation must all be used from one thread.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tarvex/dtFomMapper.h"
+#include "tarvex/dtInteraction.h"
+#include "tarvex/dtInteractionDecoder.h"
+#include "tarvex/dtInteractionEncoder.h"
+#include "tarvex/dtString.h"
+#include "tarvex/tarvexExport.h"
+
+// What a connection's construction did: made the federation execution, or joined one that existed.
+enum DtInitStatus { DtInitCreatedExecution = 0, DtInitJoinedExecution = 1 };
+
+// Encoders or decoders keyed by interaction class handle. The list owns them; adding one under a handle that
+// already has one replaces (and deletes) the old one.
+template <class Coder>
+class DtInteractionCoderList {
+ public:
+  void add(RTI::InteractionClassHandle handle, Coder* coder) {
+    for (auto& entry : entries_) {
+      if (entry.first == handle) {
+        entry.second.reset(coder);
+        return;
+      }
+    }
+    entries_.emplace_back(handle, std::unique_ptr<Coder>(coder));
+  }
+  Coder* find(RTI::InteractionClassHandle handle) const {
+    for (const auto& entry : entries_)
+      if (entry.first == handle) return entry.second.get();
+    return nullptr;
+  }
+  int count() const { return static_cast<int>(entries_.size()); }
+
+ private:
+  std::vector<std::pair<RTI::InteractionClassHandle, std::unique_ptr<Coder>>> entries_;
+};
+using DtInteractionDecoderList = DtInteractionCoderList<DtInteractionDecoder>;
+using DtInteractionEncoderList = DtInteractionCoderList<DtInteractionEncoder>;
+
+// The functions that create an empty interaction object of a class, keyed by the class's name.
+class TARVEX_EXPORT DtInteractionFactory {
+ public:
+  using Creator = DtInteraction* (*)();
+  // A name that already has a creator gets the new one.
+  void add(const std::string& className, Creator creator);
+  Creator find(const std::string& className) const;
+  int count() const { return static_cast<int>(entries_.size()); }
+  const std::vector<std::pair<std::string, Creator>>& entries() const { return entries_; }
+  // Changes whenever an entry is added, so that users can cache lookups.
+  unsigned version() const { return version_; }
+
+ private:
+  std::vector<std::pair<std::string, Creator>> entries_;
+  unsigned version_ = 0;
+};
+
+class TARVEX_EXPORT DtExerciseConn {
+ public:
+  // executionName: the federation execution; a URL ("rti://...", "thread://...") selects the RTI backend.
+  // federateName: this federate's name. fomMapper: copied; null maps every name to itself. fedFile: path of a
+  // FED file; null or "" for the built-in ViewControl FOM. initStatus: if given, receives whether this
+  // connection created the execution or joined it. Failures throw DtException.
+  DtExerciseConn(const char* executionName, const char* federateName, DtFomMapper* fomMapper = nullptr,
+                 const char* fedFile = nullptr, DtInitStatus* initStatus = nullptr);
+  // backend: "inprocess", "rti13", or null/"" to decide by the execution name as above. rtiAmbassador: an
+  // RTI::RTIambassador* that the application made and keeps owning, for the connection to join through
+  // (its first use must be by this connection); null to let the connection make its own. Only the RTI backend
+  // takes one.
+  DtExerciseConn(const char* executionName, const char* federateName, const char* fedFile,
+                 const char* backend, void* rtiAmbassador);
+  // Resigns; the last federate to leave destroys the execution.
+  ~DtExerciseConn();
+  DtExerciseConn(const DtExerciseConn&) = delete;
+  DtExerciseConn& operator=(const DtExerciseConn&) = delete;
+
+  static bool rtiBackendBuiltIn();
+
+  const DtString& executionName() const;
+  const DtString& federateName() const;
+  // "inprocess" or "rti13".
+  const char* backendName() const;
+  DtInitStatus initStatus() const;
+  const DtFomMapper& fomMapper() const;
+
+  // The interaction-class table. Lookup by name takes the library's name (mapped by the FOM mapper) or the
+  // FOM's, as the last part or the dotted full name; null when the FOM has no such class.
+  DtInterClassDesc* interClassDescByName(const char* name) const;
+  DtInterClassDesc* interClassDescByHandle(RTI::InteractionClassHandle handle) const;
+  int interClassCount() const;
+  DtInterClassDesc* interClassDesc(int index) const;
+
+  DtInteractionDecoderList& decoderList();
+  DtInteractionEncoderList& encoderList();
+  DtInteractionFactory& interactionFactory();
+
+  // Calls cb(interaction, usr) for every received interaction of the class, in the order callbacks were
+  // added. The interaction is valid during the call only. Regions are not supported: region must be empty.
+  // Returns false (and adds nothing) when the FOM has no such class.
+  template <class I>
+  bool addInteractionCallback(const char* className, void (*cb)(I*, void*), void* usr,
+                              const std::shared_ptr<DtDDMRegion>& region) {
+    return addCallback(className, reinterpret_cast<DtInteractionDetail::ErasedFunction>(cb), &callAs<I>, usr,
+                       region);
+  }
+  // Removes the first callback added with the same class, function and user pointer; false when there is
+  // none.
+  template <class I>
+  bool removeInteractionCallback(const char* className, void (*cb)(I*, void*), void* usr,
+                                 const std::shared_ptr<DtDDMRegion>& region) {
+    return removeCallback(className, reinterpret_cast<DtInteractionDetail::ErasedFunction>(cb), usr, region);
+  }
+
+  // Sends the interaction as the class its interactionClassToUse() names, encoded by the encoder registered
+  // for that class (made with createEncoder() when there is none and the interaction can make one; the
+  // interaction then gets the class description). Returns false, sending nothing, when the FOM has no such
+  // class or there is no encoder.
+  bool sendInteraction(DtInteraction& inter);
+
+  // Delivers what has arrived since the last call: for each interaction, creates an object through the
+  // interaction factory, decodes it with the class's decoder (made with createDecoder() when there is none)
+  // and calls the class's callbacks. Interactions that arrive meanwhile wait for the next call; a call from
+  // inside a callback does nothing. Returns how many interactions were handed to callbacks.
+  int processIncoming();
+
+  // Received interactions not yet processed, and the bytes this connection keeps for queueing them.
+  std::size_t pendingIncoming() const;
+  std::size_t retainedIncomingBytes() const;
+
+  struct Impl;
+
+ private:
+  using CallbackThunk = void (*)(DtInteractionDetail::ErasedFunction, DtInteraction*, void*);
+  template <class I>
+  static void callAs(DtInteractionDetail::ErasedFunction fn, DtInteraction* inter, void* usr) {
+    if (auto* typed = dynamic_cast<I*>(inter)) reinterpret_cast<void (*)(I*, void*)>(fn)(typed, usr);
+  }
+  bool addCallback(const char* className, DtInteractionDetail::ErasedFunction fn, CallbackThunk thunk,
+                   void* usr, const std::shared_ptr<DtDDMRegion>& region);
+  bool removeCallback(const char* className, DtInteractionDetail::ErasedFunction fn, void* usr,
+                      const std::shared_ptr<DtDDMRegion>& region);
+
+  std::unique_ptr<Impl> impl_;
+};

@@ -1,0 +1,32 @@
+// Maps the interaction class and parameter names that a library uses to the names a federation's FOM gives
+// them, for federations whose FOM names the same data differently. Names without a mapping are used as they
+// are, so a default-constructed mapper maps every name to itself.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tarvex/tarvexExport.h"
+
+class TARVEX_EXPORT DtFomMapper {
+ public:
+  DtFomMapper() = default;
+
+  void mapInteractionClass(const std::string& name, const std::string& fomName);
+  void mapParameter(const std::string& className, const std::string& name, const std::string& fomName);
+
+  // The FOM's name for a class or for a parameter of a class (both given by the library's names).
+  const std::string& fomInteractionClass(const std::string& name) const;
+  const std::string& fomParameter(const std::string& className, const std::string& name) const;
+
+ private:
+  struct Mapping {
+    std::string scope;  // the class of a parameter; empty for a class
+    std::string name;
+    std::string fomName;
+  };
+  const std::string& lookup(const std::string& scope, const std::string& name) const;
+  void set(const std::string& scope, const std::string& name, const std::string& fomName);
+
+  std::vector<Mapping> mappings_;
+};

@@ -1,0 +1,309 @@
+#include "tarvex/dtExerciseConn.h"
+
+#include <cstring>
+#include <unordered_map>
+
+#include "dtFederationBackend.h"
+#include "tarvex/dtException.h"
+#include "tarvex/dtMessage.h"
+
+void DtInteractionFactory::add(const std::string& className, Creator creator) {
+  ++version_;
+  for (auto& entry : entries_) {
+    if (entry.first == className) {
+      entry.second = creator;
+      return;
+    }
+  }
+  entries_.emplace_back(className, creator);
+}
+
+DtInteractionFactory::Creator DtInteractionFactory::find(const std::string& className) const {
+  for (const auto& entry : entries_)
+    if (entry.first == className) return entry.second;
+  return nullptr;
+}
+
+namespace {
+constexpr const char* kInProcess = "inprocess";
+constexpr const char* kRti13 = "rti13";
+
+bool empty(const char* text) {
+  return text == nullptr || *text == '\0';
+}
+
+// The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
+std::string chooseBackend(const std::string& execution, const char* backend) {
+  if (empty(backend)) return execution.find("://") != std::string::npos ? kRti13 : kInProcess;
+  if (std::strcmp(backend, kInProcess) == 0 || std::strcmp(backend, kRti13) == 0) return backend;
+  DT_THROW(std::string("Unknown federation backend '") + backend + "' (known: inprocess, rti13)");
+}
+
+DtFomSource loadFom(const char* fedFile) {
+  if (empty(fedFile)) return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName)};
+  return DtFomSource{fedFile, DtFedFile::read(fedFile)};
+}
+}  // namespace
+
+struct DtExerciseConn::Impl {
+  struct Callback {
+    DtInteractionDetail::ErasedFunction fn;
+    CallbackThunk thunk;
+    void* usr;
+    bool live;
+  };
+  // Per interaction class: its callbacks and what delivery needs, looked up once.
+  struct ClassState {
+    std::vector<Callback> callbacks;
+    int liveCallbacks = 0;
+    DtInteractionFactory::Creator creator = nullptr;
+    unsigned factoryVersion = ~0u;
+    bool warnedNoCreator = false;
+    bool warnedNoDecoder = false;
+  };
+
+  DtString execution;
+  DtString federate;
+  DtFomMapper mapper;
+  DtIncomingQueue queue;  // before the backend, which fills it
+  std::unique_ptr<DtFederationBackend> backend;
+  std::vector<std::unique_ptr<DtInterClassDesc>> classes;
+  std::vector<ClassState> states;  // parallel to classes
+  std::unordered_map<RTI::InteractionClassHandle, std::size_t> indexOfHandle;
+  DtInteractionDecoderList decoders;
+  DtInteractionEncoderList encoders;
+  DtInteractionFactory factory;
+  bool processing = false;
+
+  void join(const char* executionName, const char* federateName, const char* fedFile, const char* backendName,
+            void* rtiAmbassador) {
+    if (empty(executionName)) DT_THROW("An exercise connection needs a federation execution name");
+    if (empty(federateName)) DT_THROW("An exercise connection needs a federate name");
+    execution = executionName;
+    federate = federateName;
+    const std::string kind = chooseBackend(executionName, backendName);
+    const DtFomSource fom = loadFom(fedFile);
+    if (kind == kRti13) {
+      backend = DtJoinRti13Federation(executionName, federateName, fom, rtiAmbassador, queue);
+      if (!backend)
+        DT_THROW(std::string("Execution ") + executionName +
+                 " needs the HLA 1.3 RTI backend, which this build does not have (configure with "
+                 "-DVISTRAL_RTI13_ROOT=<prefix of an HLA 1.3 RTI>)");
+    } else {
+      if (rtiAmbassador != nullptr) DT_THROW("Only the rti13 backend takes an RTI ambassador");
+      backend = DtJoinInProcessFederation(executionName, federateName, fom, queue);
+    }
+    classes = backend->interactionClasses();
+    states.resize(classes.size());
+    for (std::size_t i = 0; i < classes.size(); ++i) indexOfHandle[classes[i]->handle()] = i;
+  }
+
+  std::size_t indexOf(const DtInterClassDesc* desc) const { return indexOfHandle.at(desc->handle()); }
+
+  DtInterClassDesc* findClass(const std::string& name) const {
+    for (const auto& c : classes)
+      if (c->fullName() == name) return c.get();
+    for (const auto& c : classes)
+      if (c->name() == name) return c.get();
+    return nullptr;
+  }
+
+  DtInteractionFactory::Creator creatorFor(const DtExerciseConn& conn, ClassState& state,
+                                           const DtInterClassDesc* desc) const {
+    if (state.factoryVersion != factory.version()) {
+      state.creator = nullptr;
+      for (const auto& entry : factory.entries())
+        if (conn.interClassDescByName(entry.first.c_str()) == desc) state.creator = entry.second;
+      state.factoryVersion = factory.version();
+    }
+    return state.creator;
+  }
+
+  static void warnOnce(bool& warned, const char* format, const std::string& className) {
+    if (warned) return;
+    warned = true;
+    DtWarn.message(format, className.c_str());
+  }
+
+  bool deliver(DtExerciseConn& conn, RTI::InteractionClassHandle cls,
+               const RTI::ParameterHandleValuePairSet& set) {
+    const auto found = indexOfHandle.find(cls);
+    if (found == indexOfHandle.end()) return false;
+    DtInterClassDesc* desc = classes[found->second].get();
+    ClassState& state = states[found->second];
+    if (state.liveCallbacks == 0) return false;
+    const DtInteractionFactory::Creator creator = creatorFor(conn, state, desc);
+    if (creator == nullptr) {
+      warnOnce(state.warnedNoCreator,
+               "Cannot create received interactions of class %s: not in the interaction factory\n",
+               desc->name());
+      return false;
+    }
+    std::unique_ptr<DtInteraction> inter(creator());
+    if (!inter) return false;
+    inter->setClassDesc(desc);
+    DtInteractionDecoder* decoder = decoders.find(cls);
+    if (decoder == nullptr) {
+      if (const auto* maker = dynamic_cast<const DtInteractionWithEncDec*>(inter.get())) {
+        decoder = maker->createDecoder(&conn);
+        if (decoder != nullptr) decoders.add(cls, decoder);
+      }
+    }
+    if (decoder == nullptr) {
+      warnOnce(state.warnedNoDecoder, "Cannot decode received interactions of class %s: no decoder\n",
+               desc->name());
+      return false;
+    }
+    decoder->decode(inter.get(), set);
+    // Callbacks may add or remove callbacks: only those present now are called, each read afresh.
+    const std::size_t n = state.callbacks.size();
+    for (std::size_t i = 0; i < n; ++i) {
+      const Callback c = state.callbacks[i];
+      if (c.live) c.thunk(c.fn, inter.get(), c.usr);
+    }
+    compact(state);
+    return true;
+  }
+
+  static void compact(ClassState& state) {
+    auto& cbs = state.callbacks;
+    for (auto it = cbs.begin(); it != cbs.end();) it = it->live ? it + 1 : cbs.erase(it);
+  }
+};
+
+DtExerciseConn::DtExerciseConn(const char* executionName, const char* federateName, DtFomMapper* fomMapper,
+                               const char* fedFile, DtInitStatus* initStatus)
+    : impl_(std::make_unique<Impl>()) {
+  if (fomMapper != nullptr) impl_->mapper = *fomMapper;
+  impl_->join(executionName, federateName, fedFile, nullptr, nullptr);
+  if (initStatus != nullptr) *initStatus = impl_->backend->initStatus();
+}
+
+DtExerciseConn::DtExerciseConn(const char* executionName, const char* federateName, const char* fedFile,
+                               const char* backend, void* rtiAmbassador)
+    : impl_(std::make_unique<Impl>()) {
+  impl_->join(executionName, federateName, fedFile, backend, rtiAmbassador);
+}
+
+DtExerciseConn::~DtExerciseConn() = default;
+
+bool DtExerciseConn::rtiBackendBuiltIn() {
+  return TARVEX_HAVE_RTI13 != 0;
+}
+
+const DtString& DtExerciseConn::executionName() const {
+  return impl_->execution;
+}
+const DtString& DtExerciseConn::federateName() const {
+  return impl_->federate;
+}
+const char* DtExerciseConn::backendName() const {
+  return impl_->backend->name();
+}
+DtInitStatus DtExerciseConn::initStatus() const {
+  return impl_->backend->initStatus();
+}
+const DtFomMapper& DtExerciseConn::fomMapper() const {
+  return impl_->mapper;
+}
+
+DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
+  if (name == nullptr) return nullptr;
+  const std::string& mapped = impl_->mapper.fomInteractionClass(name);
+  if (DtInterClassDesc* desc = impl_->findClass(mapped)) return desc;
+  return mapped == name ? nullptr : impl_->findClass(name);
+}
+
+DtInterClassDesc* DtExerciseConn::interClassDescByHandle(RTI::InteractionClassHandle handle) const {
+  const auto found = impl_->indexOfHandle.find(handle);
+  return found == impl_->indexOfHandle.end() ? nullptr : impl_->classes[found->second].get();
+}
+
+int DtExerciseConn::interClassCount() const {
+  return static_cast<int>(impl_->classes.size());
+}
+
+DtInterClassDesc* DtExerciseConn::interClassDesc(int index) const {
+  return index >= 0 && index < interClassCount() ? impl_->classes[static_cast<std::size_t>(index)].get()
+                                                 : nullptr;
+}
+
+DtInteractionDecoderList& DtExerciseConn::decoderList() {
+  return impl_->decoders;
+}
+DtInteractionEncoderList& DtExerciseConn::encoderList() {
+  return impl_->encoders;
+}
+DtInteractionFactory& DtExerciseConn::interactionFactory() {
+  return impl_->factory;
+}
+
+bool DtExerciseConn::addCallback(const char* className, DtInteractionDetail::ErasedFunction fn,
+                                 CallbackThunk thunk, void* usr, const std::shared_ptr<DtDDMRegion>& region) {
+  if (region) DT_THROW("Interaction callbacks with a region are not supported");
+  DtInterClassDesc* desc = interClassDescByName(className);
+  if (desc == nullptr || fn == nullptr) return false;
+  Impl::ClassState& state = impl_->states[impl_->indexOf(desc)];
+  state.callbacks.push_back(Impl::Callback{fn, thunk, usr, true});
+  if (++state.liveCallbacks == 1) impl_->backend->subscribe(desc->handle(), true);
+  return true;
+}
+
+bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::ErasedFunction fn, void* usr,
+                                    const std::shared_ptr<DtDDMRegion>& region) {
+  if (region) DT_THROW("Interaction callbacks with a region are not supported");
+  DtInterClassDesc* desc = interClassDescByName(className);
+  if (desc == nullptr) return false;
+  Impl::ClassState& state = impl_->states[impl_->indexOf(desc)];
+  for (Impl::Callback& c : state.callbacks) {
+    if (!c.live || c.fn != fn || c.usr != usr) continue;
+    c.live = false;  // erased now, or after the delivery that is walking the list
+    if (!impl_->processing) Impl::compact(state);
+    if (--state.liveCallbacks == 0) impl_->backend->subscribe(desc->handle(), false);
+    return true;
+  }
+  return false;
+}
+
+bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
+  DtInterClassDesc* desc = interClassDescByName(inter.interactionClassToUse(this));
+  if (desc == nullptr) return false;
+  DtInteractionEncoder* encoder = impl_->encoders.find(desc->handle());
+  if (encoder == nullptr) {
+    if (const auto* maker = dynamic_cast<const DtInteractionWithEncDec*>(&inter)) {
+      inter.setClassDesc(desc);
+      encoder = maker->createEncoder(this);
+      if (encoder != nullptr) impl_->encoders.add(desc->handle(), encoder);
+    }
+  }
+  if (encoder == nullptr) return false;
+  RTI::ParameterHandleValuePairSet& set = impl_->backend->sendSet();
+  set.empty();
+  encoder->encode(inter, &set);
+  impl_->backend->send(desc->handle(), set);
+  return true;
+}
+
+int DtExerciseConn::processIncoming() {
+  Impl& m = *impl_;
+  if (m.processing) return 0;
+  struct Processing {
+    bool& flag;
+    explicit Processing(bool& f) : flag(f) { flag = true; }
+    ~Processing() { flag = false; }
+  } processing(m.processing);
+  m.backend->poll();
+  int delivered = 0;
+  m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
+    if (m.deliver(*this, cls, set)) ++delivered;
+  });
+  for (Impl::ClassState& state : m.states) Impl::compact(state);
+  return delivered;
+}
+
+std::size_t DtExerciseConn::pendingIncoming() const {
+  return impl_->queue.pending();
+}
+std::size_t DtExerciseConn::retainedIncomingBytes() const {
+  return impl_->queue.retainedBytes();
+}

@@ -1,0 +1,48 @@
+// What an exercise connection needs from the federation it is joined to. One backend object is one joined
+// federate; it puts what arrives for it into the connection's incoming queue.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dtIncomingQueue.h"
+#include "tarvex/dtExerciseConn.h"
+#include "tarvex/dtFedFile.h"
+#include "tarvex/dtInteraction.h"
+
+class DtFederationBackend {
+ public:
+  virtual ~DtFederationBackend();
+
+  virtual const char* name() const = 0;
+  virtual DtInitStatus initStatus() const = 0;
+  // The interaction classes of the execution's FOM with the federation's handles, in FOM order.
+  virtual std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const = 0;
+  // The set an interaction is encoded into before send(); reused, so emptied by the caller first.
+  virtual RTI::ParameterHandleValuePairSet& sendSet() = 0;
+  virtual void send(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) = 0;
+  virtual void subscribe(RTI::InteractionClassHandle cls, bool on) = 0;
+  // Moves what has arrived into the incoming queue.
+  virtual void poll() = 0;
+};
+
+// Where the connection's FOM comes from: the FED file named, or the built-in one.
+struct DtFomSource {
+  std::string path;  // empty for the built-in FOM
+  DtFedFile fom;
+};
+
+std::unique_ptr<DtFederationBackend> DtJoinInProcessFederation(const std::string& execution,
+                                                               const std::string& federate,
+                                                               const DtFomSource& fom,
+                                                               DtIncomingQueue& queue);
+// Null when no RTI is built in.
+std::unique_ptr<DtFederationBackend> DtJoinRti13Federation(const std::string& execution,
+                                                           const std::string& federate,
+                                                           const DtFomSource& fom, void* rtiAmbassador,
+                                                           DtIncomingQueue& queue);
+
+// The built-in ViewControl FOM (generated from fom/ViewControl.fed).
+extern const char* const DtBuiltInFomText;
+extern const char* const DtBuiltInFomName;

@@ -1,0 +1,65 @@
+#include "dtIncomingQueue.h"
+
+#include <cstring>
+
+namespace {
+// What a drained batch keeps for the next one. Steady traffic fits easily; a burst beyond it is given back.
+constexpr std::size_t kKeptBytes = 256 * 1024;
+constexpr std::size_t kKeptRecords = 4096;
+
+template <class T>
+void release(std::vector<T>& v) {
+  std::vector<T>().swap(v);
+}
+}  // namespace
+
+void DtIncomingQueue::push(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
+  const RTI::ULong n = set.size();
+  filling_.records.push_back(Record{cls, filling_.values.size(), n});
+  for (RTI::ULong i = 0; i < n; ++i) {
+    RTI::ULong length = 0;
+    const char* value = set.getValuePointer(i, length);
+    const std::size_t offset = filling_.bytes.size();
+    if (length > 0) filling_.bytes.insert(filling_.bytes.end(), value, value + length);
+    filling_.values.push_back(Value{set.getHandle(i), offset, length});
+  }
+}
+
+void DtIncomingQueue::resetDraining() {
+  Batch& b = draining_;
+  b.records.clear();
+  b.values.clear();
+  b.bytes.clear();
+  if (b.bytes.capacity() > kKeptBytes) release(b.bytes);
+  if (b.records.capacity() > kKeptRecords) release(b.records);
+  if (b.values.capacity() > kKeptRecords) release(b.values);
+  position_ = 0;
+}
+
+const DtIncomingQueue::Value& DtIncomingQueue::View::at(RTI::ULong index) const {
+  if (index >= count_) throw RTI::ArrayIndexOutOfBounds("parameter index out of range");
+  return values_[index];
+}
+
+void DtIncomingQueue::View::getValue(RTI::ULong index, char* buffer, RTI::ULong& length) const {
+  const Value& v = at(index);
+  if (v.length > 0) std::memcpy(buffer, bytes_ + v.offset, v.length);
+  length = v.length;
+}
+
+char* DtIncomingQueue::View::getValuePointer(RTI::ULong index, RTI::ULong& length) const {
+  const Value& v = at(index);
+  length = v.length;
+  return bytes_ + v.offset;
+}
+
+RTI::TransportType DtIncomingQueue::View::getTransportType() const {
+  return 1;
+}
+RTI::OrderType DtIncomingQueue::View::getOrderType() const {
+  return 1;
+}
+
+void DtIncomingQueue::View::readOnly() {
+  throw RTI::InvalidHandleValuePairSetContext("a received parameter set cannot be changed");
+}

@@ -1,0 +1,109 @@
+#include "vistralcontrol/hVistralControlInter.h"
+
+#include <cstring>
+#include <memory>
+
+#include "tarvex/dtMessage.h"
+#include "vcLayout.h"
+#include "vistralcontrol/hVistralControlDecoder.h"
+#include "vistralcontrol/hVistralControlEncoder.h"
+
+namespace {
+// Dispatch reads the command and the draw-control mark and version, up to this byte, whatever the header's
+// length says.
+constexpr int kDispatchBytes = VcLayout::Fixed::drawVersion + 2;
+
+// create() returns only control PDU classes (or null), so the result is one.
+DtVistralControlPdu* asControlPdu(DtPdu* pdu) {
+  return static_cast<DtVistralControlPdu*>(pdu);
+}
+
+const DtNetPduHeader* headerOf(const unsigned char* image) {
+  return reinterpret_cast<const DtNetPduHeader*>(image);
+}
+
+// A new PDU read from another PDU's image, as a receiver would read it. An image shorter than the bytes
+// dispatch reads is first laid into zeros, so that nothing past its end decides the class.
+DtVistralControlPdu* reread(const DtVistralControlPdu& pdu) {
+  unsigned char padded[kDispatchBytes] = {};
+  const unsigned char* image = pdu.packet();
+  if (pdu.length() < kDispatchBytes) {
+    std::memcpy(padded, image, static_cast<std::size_t>(pdu.length()));
+    image = padded;
+  }
+  return asControlPdu(DtVistralControlPdu::create(headerOf(image), nullptr, nullptr));
+}
+}  // namespace
+
+DtVistralControlInteraction::DtVistralControlInteraction() = default;
+
+DtVistralControlInteraction::DtVistralControlInteraction(const DtVistralControlInteraction& other)
+    : DtInteractionWithEncDec(other), pdu_(other.pdu_ ? reread(*other.pdu_) : nullptr) {}
+
+DtVistralControlInteraction& DtVistralControlInteraction::operator=(
+    const DtVistralControlInteraction& other) {
+  if (this == &other) return *this;
+  DtInteractionWithEncDec::operator=(other);
+  // The PDU held so far is left alone, not deleted.
+  pdu_ = other.pdu_ ? reread(*other.pdu_) : nullptr;
+  return *this;
+}
+
+DtVistralControlInteraction::~DtVistralControlInteraction() {
+  delete pdu_;
+}
+
+DtInteraction* DtVistralControlInteraction::create() {
+  return new DtVistralControlInteraction();
+}
+
+void DtVistralControlInteraction::printData() const {
+  if (pdu_ != nullptr) pdu_->print();
+}
+
+const char* DtVistralControlInteraction::name() const {
+  return "DtVistralControlInteraction";
+}
+
+const char* DtVistralControlInteraction::interactionClassToUse(DtExerciseConn* /*conn*/) const {
+  return kClassName;
+}
+
+DtInteractionDecoder* DtVistralControlInteraction::createDecoder(DtExerciseConn* conn) const {
+  if (classDesc() != nullptr) return new DtVistralControlDecoder(conn, classDesc());
+  DtWarn.message("Cannot add decoder for FOM class ViewControl\n");
+  return nullptr;
+}
+
+DtInteractionEncoder* DtVistralControlInteraction::createEncoder(DtExerciseConn* conn) const {
+  if (classDesc() != nullptr) return new DtVistralControlEncoder(conn, classDesc());
+  DtWarn.message("Cannot add encoder for FOM class ViewControl\n");
+  return nullptr;
+}
+
+const DtVistralControlPdu* DtVistralControlInteraction::vcPdu() const {
+  return pdu_;
+}
+
+void DtVistralControlInteraction::setVcPdu(const DtVistralControlPdu& pdu) {
+  DtVistralControlPdu* copy = reread(pdu);  // read before deleting: pdu may be the one held
+  delete pdu_;
+  pdu_ = copy;
+}
+
+DtVistralControlInteraction& DtVistralControlInteraction::setFromNetPacket(const DtNetPduHeader* image) {
+  delete pdu_;
+  pdu_ = asControlPdu(DtVistralControlPdu::createFromNet(image, nullptr, nullptr));
+  return *this;
+}
+
+void DtVistralControlInteraction::addCallback(DtExerciseConn* conn, Callback cb, void* usr) {
+  if (conn == nullptr) return;
+  conn->addInteractionCallback(kClassName, cb, usr, std::shared_ptr<DtDDMRegion>());
+  conn->interactionFactory().add(kClassName, &DtVistralControlInteraction::create);
+}
+
+void DtVistralControlInteraction::removeCallback(DtExerciseConn* conn, Callback cb, void* usr) {
+  if (conn == nullptr) return;
+  conn->removeInteractionCallback(kClassName, cb, usr, std::shared_ptr<DtDDMRegion>());
+}
