@@ -13,11 +13,12 @@ class TARVEX_EXPORT DtFomMapper {
   DtFomMapper() = default;
 
   void mapInteractionClass(const std::string& name, const std::string& fomName);
-  void mapParameter(const std::string& className, const std::string& name, const std::string& fomName);
+  // The parameter name of the FOM class fomClassName is called fomName in the FOM.
+  void mapParameter(const std::string& fomClassName, const std::string& name, const std::string& fomName);
 
-  // The FOM's name for a class or for a parameter of a class (both given by the library's names).
-  const std::string& fomInteractionClass(const std::string& name) const;
-  const std::string& fomParameter(const std::string& className, const std::string& name) const;
+  // The FOM's name for a class, or for a parameter of a FOM class; the name given when it has no mapping.
+  const char* fomInteractionClass(const char* name) const;
+  const char* fomParameter(const char* fomClassName, const char* name) const;
 
  private:
   struct Mapping {
@@ -25,7 +26,7 @@ class TARVEX_EXPORT DtFomMapper {
     std::string name;
     std::string fomName;
   };
-  const std::string& lookup(const std::string& scope, const std::string& name) const;
+  const char* lookup(const char* scope, const char* name) const;
   void set(const std::string& scope, const std::string& name, const std::string& fomName);
 
   std::vector<Mapping> mappings_;

@@ -100,7 +100,7 @@ struct DtExerciseConn::Impl {
 
   std::size_t indexOf(const DtInterClassDesc* desc) const { return indexOfHandle.at(desc->handle()); }
 
-  DtInterClassDesc* findClass(const std::string& name) const {
+  DtInterClassDesc* findClass(const char* name) const {
     for (const auto& c : classes)
       if (c->fullName() == name) return c.get();
     for (const auto& c : classes)
@@ -209,7 +209,7 @@ const DtFomMapper& DtExerciseConn::fomMapper() const {
 
 DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
   if (name == nullptr) return nullptr;
-  const std::string& mapped = impl_->mapper.fomInteractionClass(name);
+  const char* mapped = impl_->mapper.fomInteractionClass(name);
   if (DtInterClassDesc* desc = impl_->findClass(mapped)) return desc;
   return mapped == name ? nullptr : impl_->findClass(name);
 }

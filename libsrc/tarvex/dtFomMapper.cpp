@@ -10,9 +10,10 @@ void DtFomMapper::set(const std::string& scope, const std::string& name, const s
   mappings_.push_back(Mapping{scope, name, fomName});
 }
 
-const std::string& DtFomMapper::lookup(const std::string& scope, const std::string& name) const {
+const char* DtFomMapper::lookup(const char* scope, const char* name) const {
+  if (name == nullptr) return nullptr;
   for (const Mapping& m : mappings_)
-    if (m.scope == scope && m.name == name) return m.fomName;
+    if (m.scope == scope && m.name == name) return m.fomName.c_str();
   return name;
 }
 
@@ -20,15 +21,15 @@ void DtFomMapper::mapInteractionClass(const std::string& name, const std::string
   set("", name, fomName);
 }
 
-void DtFomMapper::mapParameter(const std::string& className, const std::string& name,
+void DtFomMapper::mapParameter(const std::string& fomClassName, const std::string& name,
                                const std::string& fomName) {
-  set(className, name, fomName);
+  set(fomClassName, name, fomName);
 }
 
-const std::string& DtFomMapper::fomInteractionClass(const std::string& name) const {
+const char* DtFomMapper::fomInteractionClass(const char* name) const {
   return lookup("", name);
 }
 
-const std::string& DtFomMapper::fomParameter(const std::string& className, const std::string& name) const {
-  return lookup(className, name);
+const char* DtFomMapper::fomParameter(const char* fomClassName, const char* name) const {
+  return lookup(fomClassName ? fomClassName : "", name);
 }

@@ -35,12 +35,12 @@ namespace {
 // DtWarn and gives false when the class lacks it.
 bool resolveParameter(const DtExerciseConn* conn, const DtInterClassDesc* desc, const char* name,
                       const char* what, RTI::ParameterHandle* handle) {
-  const std::string library = name ? name : "";
+  const char* library = name ? name : "";
   if (desc != nullptr) {
-    const std::string& fomName = conn ? conn->fomMapper().fomParameter(desc->name(), library) : library;
+    const char* fomName = conn ? conn->fomMapper().fomParameter(desc->name().c_str(), library) : library;
     if (desc->findParameter(fomName, handle)) return true;
   }
-  DtWarn.message("Cannot add %s for parameter %s: not in FOM class %s\n", what, library.c_str(),
+  DtWarn.message("Cannot add %s for parameter %s: not in FOM class %s\n", what, library,
                  desc ? desc->name().c_str() : "(none)");
   return false;
 }

@@ -1,0 +1,87 @@
+// Heavy traffic through the in-process federation: everything arrives, in order, the queues give their memory
+// back once processed, and a message costs only the heap allocations the interfaces force.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "allocationCounter.h"
+#include "tarvex/dtExerciseConn.h"
+#include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/vistralControlRegister.h"
+
+namespace {
+// Each PDU carries its sequence number in the ignore flags.
+struct Sequence {
+  std::uint32_t next = 0;
+  std::uint32_t outOfOrder = 0;
+  static void received(DtVistralControlInteraction* inter, void* usr) {
+    auto* self = static_cast<Sequence*>(usr);
+    const DtVistralControlPdu* pdu = inter->vcPdu();
+    const bool inOrder = pdu != nullptr && pdu->length() == 196 &&
+                         static_cast<std::uint32_t>(pdu->ignoreFlags()) == self->next;
+    if (!inOrder) ++self->outOfOrder;
+    ++self->next;
+  }
+};
+
+struct Pair {
+  Pair() : sender("Load", "sender"), receiver("Load", "receiver") {
+    DtVistralControlRegister(&sender);
+    DtVistralControlRegister(&receiver);
+    DtVistralControlInteraction::addCallback(&receiver, &Sequence::received, &sequence);
+    pdu.setWorldLocation(DtVector64(1.0, 2.0, 3.0));
+  }
+  bool send(std::uint32_t n) {
+    pdu.setIgnoreFlags(n);
+    DtVistralControlInteraction inter;
+    inter.setVcPdu(pdu);
+    return sender.sendInteraction(inter);
+  }
+  DtExerciseConn sender;
+  DtExerciseConn receiver;
+  Sequence sequence;
+  DtAbsoluteVCPdu pdu;
+};
+
+// What the receive queue may keep between batches.
+constexpr std::size_t kRetainedLimit = 512 * 1024;
+}  // namespace
+
+TEST(FederationLoad, HundredThousandArriveInOrderAndTheQueueGivesItsMemoryBack) {
+  Pair p;
+  constexpr std::uint32_t kCount = 100000;
+  for (int round = 0; round < 2; ++round) {
+    for (std::uint32_t i = 0; i < kCount; ++i) ASSERT_TRUE(p.send(round * kCount + i));
+    EXPECT_EQ(p.receiver.pendingIncoming(), kCount);
+    EXPECT_GT(p.receiver.retainedIncomingBytes(), kCount * 196u);
+    EXPECT_EQ(p.receiver.processIncoming(), static_cast<int>(kCount));
+    EXPECT_EQ(p.sequence.next, (round + 1) * kCount);
+    EXPECT_EQ(p.sequence.outOfOrder, 0u);
+    EXPECT_EQ(p.receiver.pendingIncoming(), 0u);
+    EXPECT_LE(p.receiver.retainedIncomingBytes(), kRetainedLimit);
+    EXPECT_EQ(p.sender.processIncoming(), 0);
+  }
+}
+
+TEST(FederationLoad, SteadyTrafficAllocatesOnlyWhatTheInterfacesForce) {
+  Pair p;
+  for (std::uint32_t i = 0; i < 100; ++i) {  // queues and buffers grow to the traffic
+    ASSERT_TRUE(p.send(i));
+    ASSERT_EQ(p.receiver.processIncoming(), 1);
+  }
+  const std::size_t retained = p.receiver.retainedIncomingBytes();
+  constexpr std::uint32_t kCount = 10000;
+  const std::uint64_t before = bench::allocationCount();
+  for (std::uint32_t i = 100; i < 100 + kCount; ++i) {
+    p.send(i);
+    p.receiver.processIncoming();
+  }
+  const std::uint64_t allocations = bench::allocationCount() - before;
+  // Per message: the sent interaction's copy of the PDU, and the received interaction and its PDU, which
+  // the interaction factory and the PDU creation return as new objects.
+  EXPECT_EQ(allocations, 3u * kCount);
+  EXPECT_EQ(p.receiver.retainedIncomingBytes(), retained);
+  EXPECT_EQ(p.sequence.next, 100 + kCount);
+  EXPECT_EQ(p.sequence.outOfOrder, 0u);
+}

@@ -1,0 +1,213 @@
+// Federates exchanging control PDUs as "ViewControl" interactions. The same program runs against each
+// federation backend, chosen on the command line:
+//   --execution=Scenario                     the in-process federation
+//   --execution=thread:///Scenario           an RTI in this process
+//   --execution=rti://127.0.0.1:PORT/Scenario  an RTI server (PORT may be read from --port-file=<file>)
+//   --fed-dir=<dir>                          where the test FED files are
+// Over an RTI, a build without one skips every test and says so.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <typeinfo>
+#include <vector>
+
+#include "tarvex/dtException.h"
+#include "tarvex/dtExerciseConn.h"
+#include "tarvex/dtMessage.h"
+#include "testSupport.h"
+#include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/vistralControlRegister.h"
+
+namespace {
+std::string theExecution = "Scenario";
+std::string theFedDir = ".";
+
+bool overRti() {
+  return theExecution.find("://") != std::string::npos;
+}
+
+// One execution per test, so that tests do not hear each other.
+std::string execution(const std::string& suffix) {
+  return theExecution + "-" + suffix;
+}
+
+#define SKIP_WITHOUT_BACKEND()                           \
+  if (overRti() && !DtExerciseConn::rtiBackendBuiltIn()) \
+  GTEST_SKIP() << "no HLA 1.3 RTI is built in (configure with -DVISTRAL_RTI13_ROOT) for " << theExecution
+
+// A federate that records every control PDU it receives: its class and its bytes.
+struct Federate {
+  Federate(const std::string& exec, const char* name, const char* fed = nullptr)
+      : conn(exec.c_str(), name, static_cast<DtFomMapper*>(nullptr), fed, nullptr) {
+    DtVistralControlRegister(&conn);
+    DtVistralControlInteraction::addCallback(&conn, &Federate::received, this);
+  }
+  ~Federate() { DtVistralControlInteraction::removeCallback(&conn, &Federate::received, this); }
+
+  static void received(DtVistralControlInteraction* inter, void* usr) {
+    auto* self = static_cast<Federate*>(usr);
+    const DtVistralControlPdu* pdu = inter->vcPdu();
+    if (pdu == nullptr) {
+      self->got.push_back({"null", {}});
+      return;
+    }
+    self->got.push_back({typeid(*pdu).name(), Bytes(pdu->packet(), pdu->packet() + pdu->length())});
+  }
+
+  bool send(const DtVistralControlPdu& pdu) {
+    DtVistralControlInteraction inter;
+    inter.setVcPdu(pdu);
+    return conn.sendInteraction(inter);
+  }
+
+  struct Received {
+    std::string type;
+    Bytes image;
+  };
+  DtExerciseConn conn;
+  std::vector<Received> got;
+};
+
+// Lets every federate process what has come in, until each has at least its count or (over an RTI, where
+// delivery takes time) a deadline passes. The in-process federation delivers at once.
+void settle(const std::vector<std::pair<Federate*, std::size_t>>& expected) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(overRti() ? 20 : 0);
+  for (;;) {
+    bool done = true;
+    for (const auto& [federate, count] : expected) {
+      federate->conn.processIncoming();
+      done = done && federate->got.size() >= count;
+    }
+    if (done || std::chrono::steady_clock::now() > deadline) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
+// Over an RTI, a little longer for anything that should not come.
+void quietPeriod(Federate& f) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(overRti() ? 300 : 0);
+  do {
+    f.conn.processIncoming();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  } while (std::chrono::steady_clock::now() < end);
+}
+
+std::vector<std::unique_ptr<DtVistralControlPdu>> samplePdus() {
+  std::vector<std::unique_ptr<DtVistralControlPdu>> out;
+  auto absolute = std::make_unique<DtAbsoluteVCPdu>();
+  absolute->setViewerId("vistral-1");
+  absolute->setSenderId("controller");
+  absolute->setWorldLocation(DtVector64(-2476512.25, -4665431.5, 3588000.75));
+  absolute->setOrientation(DtTaitBryan(1.5, -0.25, 0.125));
+  absolute->setIgnoreFlags(0xFFFFFFC0);
+  out.push_back(std::move(absolute));
+  auto status = std::make_unique<DtAbsoluteVCPdu>();
+  status->setStatusCommand(true);
+  out.push_back(std::move(status));
+  auto move = std::make_unique<DtMoveVCPdu>();
+  move->setFromString("1 4 1.5 2 3");
+  out.push_back(std::move(move));
+  out.push_back(std::make_unique<DtRequestStateVCPdu>());
+  return out;
+}
+
+std::string typeOf(const DtVistralControlPdu& pdu) {
+  return typeid(pdu).name();
+}
+Bytes imageOf(const DtVistralControlPdu& pdu) {
+  return Bytes(pdu.packet(), pdu.packet() + pdu.length());
+}
+}  // namespace
+
+TEST(FederationScenario, EveryOtherFederateReceivesEachPduInOrderNeverTheSender) {
+  SKIP_WITHOUT_BACKEND();
+  Federate a(execution("fanout"), "A");
+  Federate b(execution("fanout"), "B");
+  Federate c(execution("fanout"), "C");
+  Federate elsewhere(execution("elsewhere"), "D");
+  EXPECT_EQ(a.conn.initStatus(), DtInitCreatedExecution);
+  EXPECT_EQ(b.conn.initStatus(), DtInitJoinedExecution);
+
+  const auto pdus = samplePdus();
+  for (const auto& pdu : pdus) ASSERT_TRUE(a.send(*pdu));
+  ASSERT_TRUE(b.send(*pdus[0]));
+  settle({{&a, 1}, {&b, pdus.size()}, {&c, pdus.size() + 1}});
+  quietPeriod(a);
+  quietPeriod(b);
+  quietPeriod(elsewhere);
+
+  for (Federate* receiver : {&b, &c}) {
+    ASSERT_GE(receiver->got.size(), pdus.size()) << receiver->conn.federateName();
+    for (std::size_t i = 0; i < pdus.size(); ++i) {
+      EXPECT_EQ(receiver->got[i].type, typeOf(*pdus[i])) << i;
+      EXPECT_EQ(receiver->got[i].image, imageOf(*pdus[i])) << i;
+    }
+  }
+  ASSERT_EQ(a.got.size(), 1u);  // only B's, never its own
+  EXPECT_EQ(a.got[0].image, imageOf(*pdus[0]));
+  EXPECT_EQ(b.got.size(), pdus.size());  // not its own
+  ASSERT_EQ(c.got.size(), pdus.size() + 1);
+  EXPECT_EQ(c.got.back().image, imageOf(*pdus[0]));
+  EXPECT_TRUE(elsewhere.got.empty());  // another execution hears nothing
+}
+
+TEST(FederationScenario, NothingTravelsWhenTheFomLacksViewControl) {
+  SKIP_WITHOUT_BACKEND();
+  const std::string fed = theFedDir + "/noViewControl.fed";
+  const std::string notInFom =
+      "Can't add decoders and encoders for interaction class ViewControl: Not in FOM.\n";
+  std::ostringstream warnings;
+  DtStreamRedirect redirect(DtWarn, warnings);
+  Federate a(execution("nofom"), "A", fed.c_str());
+  Federate b(execution("nofom"), "B", fed.c_str());
+  EXPECT_EQ(warnings.str(), notInFom + notInFom);  // once for each registration
+  EXPECT_NE(a.conn.interClassDescByName("Chat"), nullptr);
+  EXPECT_EQ(a.conn.decoderList().count(), 0);
+  EXPECT_EQ(a.conn.encoderList().count(), 0);
+
+  EXPECT_FALSE(a.send(*samplePdus()[0]));
+  quietPeriod(b);
+  EXPECT_TRUE(b.got.empty());
+  EXPECT_EQ(warnings.str(), notInFom + notInFom);  // sending says nothing more
+}
+
+TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
+  SKIP_WITHOUT_BACKEND();
+  Federate a(execution("remove"), "A");
+  Federate b(execution("remove"), "B");
+  const auto pdus = samplePdus();
+  ASSERT_TRUE(a.send(*pdus[0]));
+  settle({{&b, 1}});
+  ASSERT_EQ(b.got.size(), 1u);
+  DtVistralControlInteraction::removeCallback(&b.conn, &Federate::received, &b);
+  ASSERT_TRUE(a.send(*pdus[1]));
+  quietPeriod(b);
+  EXPECT_EQ(b.got.size(), 1u);
+}
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  std::string portFile;
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (arg.rfind("--execution=", 0) == 0) theExecution = arg.substr(12);
+    if (arg.rfind("--fed-dir=", 0) == 0) theFedDir = arg.substr(10);
+    if (arg.rfind("--port-file=", 0) == 0) portFile = arg.substr(12);
+  }
+  if (!portFile.empty()) {
+    std::ifstream in(portFile);
+    std::string port;
+    in >> port;
+    const auto at = theExecution.find("PORT");
+    if (at != std::string::npos) theExecution.replace(at, 4, port.empty() ? "0" : port);
+  }
+  std::printf("federation: %s\n", theExecution.c_str());
+  return RUN_ALL_TESTS();
+}
