@@ -192,6 +192,25 @@ TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
   EXPECT_EQ(b.got.size(), 1u);
 }
 
+#if TARVEX_HAVE_RTI13
+TEST(FederationScenario, JoinsThroughTheApplicationsOwnAmbassador) {
+  if (!overRti()) GTEST_SKIP() << "only the RTI backend takes an RTI ambassador";
+  RTI::RTIambassador ambassador;  // the application's; it outlives the connection
+  Federate viewer(execution("ambassador"), "viewer");
+  const char* builtInFom = nullptr;
+  DtExerciseConn app(execution("ambassador").c_str(), "app", builtInFom, "rti13", &ambassador);
+  EXPECT_EQ(app.initStatus(), DtInitJoinedExecution);
+  DtVistralControlRegister(&app);
+  DtVistralControlInteraction inter;
+  const auto pdus = samplePdus();
+  inter.setVcPdu(*pdus[2]);
+  ASSERT_TRUE(app.sendInteraction(inter));
+  settle({{&viewer, 1}});
+  ASSERT_EQ(viewer.got.size(), 1u);
+  EXPECT_EQ(viewer.got[0].image, imageOf(*pdus[2]));
+}
+#endif
+
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   std::string portFile;
