@@ -278,3 +278,25 @@ TEST(ExerciseConn, CodersAreMadeOnFirstUseWithoutRegistration) {
   EXPECT_EQ(receiver.pendingIncoming(), 0u);            // no callback, no subscription
   EXPECT_EQ(receiver.interactionFactory().count(), 1);  // the factory entry stays
 }
+
+TEST(ExerciseConn, ParameterSetKeepsOneValuePerHandle) {
+  DtParameterSet set;
+  set.add(7, "abc", 3);
+  set.add(9, "xy", 2);
+  set.add(7, "defg", 4);  // replaces
+  ASSERT_EQ(set.size(), 2u);
+  const auto value = [&set](RTI::ULong i) {
+    RTI::ULong length = 0;
+    const char* p = set.getValuePointer(i, length);
+    return std::string(p, length);
+  };
+  EXPECT_EQ(value(0), "defg");
+  RTI::ULong index = 1;
+  set.moveFrom(set, index);  // its own value, re-added while the storage may move
+  EXPECT_EQ(index, 2u);
+  EXPECT_EQ(value(1), "xy");
+  EXPECT_THROW(set.getValueLength(2), RTI::ArrayIndexOutOfBounds);
+  set.empty();
+  EXPECT_EQ(set.size(), 0u);
+  EXPECT_GE(set.byteCapacity(), 9u);  // emptied, not released
+}

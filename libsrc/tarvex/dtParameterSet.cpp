@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 #if !TARVEX_HAVE_RTI13
 RTI::Exception::~Exception() = default;
@@ -65,7 +66,15 @@ RTI::Region* DtParameterSet::getRegion() const {
 void DtParameterSet::add(RTI::Handle handle, const char* value, RTI::ULong length) {
   if (value == nullptr) length = 0;
   const std::size_t offset = bytes_.size();
-  bytes_.insert(bytes_.end(), value, value + length);
+  const std::less<const char*> before;
+  const bool fromItself =
+      length > 0 && !before(value, bytes_.data()) && before(value, bytes_.data() + bytes_.size());
+  if (fromItself) {  // growing may move the bytes being copied
+    const std::vector<char> copy(value, value + length);
+    bytes_.insert(bytes_.end(), copy.begin(), copy.end());
+  } else {
+    bytes_.insert(bytes_.end(), value, value + length);
+  }
   auto same =
       std::find_if(entries_.begin(), entries_.end(), [handle](const Entry& e) { return e.handle == handle; });
   if (same != entries_.end()) {
