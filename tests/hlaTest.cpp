@@ -197,6 +197,15 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   std::copy(good.begin(), good.end(), oversized.begin());
   EXPECT_EQ(imageOf(*r.decode(oversized)->vcPdu()), good);
 
+  // A PDU whose length field claims more than it holds is copied by its bytes, zeros after them.
+  DtAbsoluteVCPdu lying(absolute);
+  lying.setU16At(8, 60000);
+  DtVistralControlInteraction copy;
+  copy.setVcPdu(lying);
+  ASSERT_EQ(copy.vcPdu()->length(), 60000);
+  EXPECT_EQ(bytesAt(copy.vcPdu()->packet(), 12, 184), bytesAt(good.data(), 12, 184));
+  EXPECT_EQ(copy.vcPdu()->u8At(59999), 0);
+
   std::mt19937 random(5151);
   for (int i = 0; i < 200; ++i) {
     Bytes garbage(random() % 400);

@@ -1,37 +1,26 @@
 #include "vistralcontrol/hVistralControlInter.h"
 
-#include <cstring>
 #include <memory>
 
 #include "tarvex/dtMessage.h"
-#include "vcLayout.h"
 #include "vistralcontrol/hVistralControlDecoder.h"
 #include "vistralcontrol/hVistralControlEncoder.h"
 
 namespace {
-// Dispatch reads the command and the draw-control mark and version, up to this byte, whatever the header's
-// length says.
-constexpr int kDispatchBytes = VcLayout::Fixed::drawVersion + 2;
-
 // create() returns only control PDU classes (or null), so the result is one.
 DtVistralControlPdu* asControlPdu(DtPdu* pdu) {
   return static_cast<DtVistralControlPdu*>(pdu);
 }
 
-const DtNetPduHeader* headerOf(const unsigned char* image) {
-  return reinterpret_cast<const DtNetPduHeader*>(image);
-}
-
-// A new PDU read from another PDU's image, as a receiver would read it. An image shorter than the bytes
-// dispatch reads is first laid into zeros, so that nothing past its end decides the class.
+// A new PDU read from another PDU's image, as a receiver would read it: the image is laid into the reusable
+// zero-tailed buffer that received values go through, by a bounded copy, so that whatever its length field
+// says, nothing outside the source PDU's bytes is read and nothing past them decides the class.
 DtVistralControlPdu* reread(const DtVistralControlPdu& pdu) {
-  unsigned char padded[kDispatchBytes] = {};
-  const unsigned char* image = pdu.packet();
-  if (pdu.length() < kDispatchBytes) {
-    std::memcpy(padded, image, static_cast<std::size_t>(pdu.length()));
-    image = padded;
-  }
-  return asControlPdu(DtVistralControlPdu::create(headerOf(image), nullptr, nullptr));
+  const int length = pdu.length();
+  char* image = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(length));
+  pdu.copyBytesAt(0, image, length);
+  return asControlPdu(
+      DtVistralControlPdu::create(reinterpret_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
 }
 }  // namespace
 
