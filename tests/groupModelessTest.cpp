@@ -2,7 +2,10 @@
 // hostile counts and lengths.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
+#include <random>
+#include <vector>
 
 #include "vcTestSupport.h"
 #include "vistralcontrol/groupVcPdu.h"
@@ -197,4 +200,66 @@ TEST(Modeless, GoldenImageSharedCacheAndDump) {
   pdu.setNumEntitiesToAdd(2000);
   EXPECT_EQ(pdu.length(), 292 + 64 * 3);
   EXPECT_EQ(pdu.numEntitiesToRemove(), 1);
+}
+
+// Any sequence of count changes and entry writes, checked against a model of the two lists: remove slots are
+// inserted at the front and dropped at the end, add slots grow and shrink at the end, refused counts change
+// nothing, and the length is always the list start plus 64 bytes per slot.
+template <class T>
+void checkAgainstModel(int listStart) {
+  std::mt19937 random(2024);
+  T pdu;
+  std::vector<std::string> removes, adds;
+  int storedRemove = 0, storedAdd = 0;
+  const auto pick = [&] {
+    const int r = static_cast<int>(random() % 100);
+    return r < 3 ? INT_MAX - r : r < 6 ? -2 - r : r < 12 ? -1 : r < 14 ? 1000 : r % 25;
+  };
+  for (int step = 0; step < 3000; ++step) {
+    const int op = static_cast<int>(random() % 4);
+    if (op < 2) {
+      const int n = pick();
+      std::vector<std::string> list = op == 0 ? removes : adds;
+      const std::size_t wanted = static_cast<std::size_t>(std::max(n, 0));
+      const std::size_t other = op == 0 ? adds.size() : removes.size();
+      const bool fits = n >= -1 && listStart + 64 * (static_cast<long long>(wanted) + other) <= 65535;
+      if (fits && op == 0 && wanted > list.size()) list.insert(list.begin(), wanted - list.size(), "");
+      if (fits) list.resize(wanted);
+      if (op == 0) {
+        pdu.setNumEntitiesToRemove(n);
+        if (fits) removes = list, storedRemove = n;
+      } else {
+        pdu.setNumEntitiesToAdd(n);
+        if (fits) adds = list, storedAdd = n;
+      }
+    } else {
+      std::vector<std::string>& list = op == 2 ? removes : adds;
+      const int index = static_cast<int>(random() % 30) - 2;
+      const std::string id = "e" + std::to_string(step);
+      if (op == 2)
+        pdu.setEntityToRemove(index, id);
+      else
+        pdu.setEntityToAdd(index, id);
+      if (index >= 0 && index < static_cast<int>(list.size())) list[static_cast<std::size_t>(index)] = id;
+    }
+    ASSERT_EQ(pdu.length(), listStart + 64 * static_cast<int>(removes.size() + adds.size())) << step;
+    ASSERT_EQ(pdu.numEntitiesToRemove(), storedRemove);
+    ASSERT_EQ(pdu.numEntitiesToAdd(), storedAdd);
+    for (std::size_t i = 0; i < removes.size(); ++i)
+      ASSERT_EQ(pdu.entityToRemove(static_cast<int>(i)), removes[i]);
+    for (std::size_t i = 0; i < adds.size(); ++i) ASSERT_EQ(pdu.entityToAdd(static_cast<int>(i)), adds[i]);
+  }
+}
+
+TEST(EntityLists, AnySequenceOfCountChangesKeepsLengthAndEntries) {
+  checkAgainstModel<DtGroupVCPdu>(188);
+  checkAgainstModel<DtModelessVCPdu>(292);
+  DtGroupVCPdu pdu;
+  pdu.setNumEntitiesToRemove(1);
+  pdu.setNumEntitiesToAdd(1);
+  pdu.setEntityToRemove(0, "r");
+  pdu.setEntityToAdd(0, "a");
+  const DtString& shared = pdu.entityToRemove(0);
+  pdu.entityToAdd(0);
+  EXPECT_EQ(shared, "a");  // both list getters fill one cache
 }

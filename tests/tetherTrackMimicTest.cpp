@@ -59,15 +59,16 @@ TEST(Track, GoldenImageAndTextForms) {
                                  dumpLine("WorldLocation:", "1000.250000 -2000.500000 30.000000"));
 }
 
-TEST(TwoEntity, GoldenImageAndSharedIdCache) {
-  DtTetherTrackVCPdu pdu;
+template <class T>
+void checkTwoEntityClass(int command) {
+  T pdu;
   pdu.setOffset(DtVector64(0, 0.5, 10));
   pdu.setAttachId("rider");
   pdu.setTrackId("target");
   pdu.setAttachMarkingText("R1");
   pdu.setTrackMarkingText("T1");
   ASSERT_EQ(pdu.length(), 424);
-  EXPECT_EQ(bytesAt(pdu.packet(), 146, 2), bytes({0, 7}));
+  EXPECT_EQ(bytesAt(pdu.packet(), 146, 2), bytes({0, command}));
   EXPECT_EQ(bytesAt(pdu.packet(), 156, 268),
             concat({be32f(0), be32f(0.5f), be32f(10), textField("rider", 64), textField("target", 64),
                     textField("R1", 64), textField("T1", 64)}));
@@ -88,6 +89,11 @@ TEST(TwoEntity, GoldenImageAndSharedIdCache) {
   EXPECT_EQ(pdu.attachMarkingText(), std::string(64, 'a') + "T1");
   EXPECT_EQ(withLength(pdu, 360).trackMarkingText(), "");
   EXPECT_EQ(withLength(pdu, 360).attachMarkingText(), "");
+}
+
+TEST(TwoEntity, GoldenImageAndSharedIdCache) {
+  checkTwoEntityClass<DtTetherTrackVCPdu>(7);
+  checkTwoEntityClass<DtMimicTrackVCPdu>(8);
 }
 
 TEST(TwoEntity, TextForms) {
