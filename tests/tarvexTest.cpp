@@ -96,6 +96,11 @@ TEST(Pdu, ReceivedImageIsCopiedByItsHeaderLength) {
   EXPECT_EQ(pdu.length(), 200);
   EXPECT_EQ(pdu.u8At(199), 0xAA);
   EXPECT_EQ(pdu.u8At(200), 0);  // not copied: reads as zero
+  unsigned char out[6];
+  pdu.copyBytesAt(197, out, 6);
+  EXPECT_EQ(Bytes(out, out + 6), bytes({0xAA, 0xAA, 0xAA, 0, 0, 0}));
+  pdu.copyBytesAt(-2, out, 3);
+  EXPECT_EQ(Bytes(out, out + 3), bytes({0, 0, 0xAA}));  // before the image: zero
 }
 
 TEST(Strings, NullEmptyAndNumbers) {

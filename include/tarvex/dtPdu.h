@@ -83,18 +83,18 @@ class TARVEX_EXPORT DtPdu {
 
   // Bounded wire access at byte offsets. A read that does not lie wholly inside the initialised image gives
   // zero; a write that does not fit the storage is dropped.
-  std::uint8_t u8At(int offset) const;
-  void setU8At(int offset, std::uint8_t value);
-  std::uint16_t u16At(int offset) const;
-  void setU16At(int offset, std::uint16_t value);
-  std::uint32_t u32At(int offset) const;
-  void setU32At(int offset, std::uint32_t value);
-  std::int32_t i32At(int offset) const;
-  void setI32At(int offset, std::int32_t value);
-  float f32At(int offset) const;
-  void setF32At(int offset, float value);
-  double f64At(int offset) const;
-  void setF64At(int offset, double value);
+  std::uint8_t u8At(int offset) const { return read<std::uint8_t, 1>(offset, DtWire::loadU8); }
+  void setU8At(int offset, std::uint8_t value) { write<std::uint8_t, 1>(offset, value, DtWire::storeU8); }
+  std::uint16_t u16At(int offset) const { return read<std::uint16_t, 2>(offset, DtWire::loadU16); }
+  void setU16At(int offset, std::uint16_t value) { write<std::uint16_t, 2>(offset, value, DtWire::storeU16); }
+  std::uint32_t u32At(int offset) const { return read<std::uint32_t, 4>(offset, DtWire::loadU32); }
+  void setU32At(int offset, std::uint32_t value) { write<std::uint32_t, 4>(offset, value, DtWire::storeU32); }
+  std::int32_t i32At(int offset) const { return read<std::int32_t, 4>(offset, DtWire::loadI32); }
+  void setI32At(int offset, std::int32_t value) { write<std::int32_t, 4>(offset, value, DtWire::storeI32); }
+  float f32At(int offset) const { return read<float, 4>(offset, DtWire::loadF32); }
+  void setF32At(int offset, float value) { write<float, 4>(offset, value, DtWire::storeF32); }
+  double f64At(int offset) const { return read<double, 8>(offset, DtWire::loadF64); }
+  void setF64At(int offset, double value) { write<double, 8>(offset, value, DtWire::storeF64); }
 
   // Three consecutive doubles, or three floats widened to / narrowed from doubles.
   DtVector64 f64VectorAt(int offset) const;
@@ -119,6 +119,8 @@ class TARVEX_EXPORT DtPdu {
 
   // Copies raw bytes into the image at offset, under the same rule as the other writes.
   void setBytesAt(int offset, const void* bytes, int count);
+  // Copies count bytes of the image from offset out; bytes outside the initialised image come out as zero.
+  void copyBytesAt(int offset, void* out, int count) const;
 
  protected:
   static constexpr int kLengthOffset = 8;
@@ -127,8 +129,24 @@ class TARVEX_EXPORT DtPdu {
   unsigned char* data() { return heap_ ? heap_.get() : inline_; }
   const unsigned char* data() const { return heap_ ? heap_.get() : inline_; }
   int capacity() const { return heap_ ? heapCapacity_ : kInlineCapacity; }
-  const unsigned char* readable(int offset, int width) const;
-  unsigned char* writable(int offset, int width);
+  // The accessors are inline: they sit on every send and receive path.
+  template <typename T, int Width>
+  T read(int offset, T (*load)(const unsigned char*)) const {
+    const unsigned char* p = readable(offset, Width);
+    return p ? load(p) : T{};
+  }
+  template <typename T, int Width>
+  void write(int offset, T value, void (*store)(unsigned char*, T)) {
+    if (unsigned char* p = writable(offset, Width)) store(p, value);
+  }
+  const unsigned char* readable(int offset, int width) const {
+    return offset >= 0 && width >= 0 && offset <= extent_ - width ? data() + offset : nullptr;
+  }
+  unsigned char* writable(int offset, int width) {
+    if (offset >= 0 && width >= 0 && offset <= extent_ - width) return data() + offset;
+    return writableBeyondExtent(offset, width);
+  }
+  unsigned char* writableBeyondExtent(int offset, int width);
   bool reserve(int bytes);
   void setLengthField(int length);
   void copyFrom(const DtPdu& other);

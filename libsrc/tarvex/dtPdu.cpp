@@ -114,61 +114,12 @@ void DtPdu::printDataToStream(std::ostream& out) const {
   printData();
 }
 
-const unsigned char* DtPdu::readable(int offset, int width) const {
-  if (offset < 0 || width < 0 || offset > extent_ - width) return nullptr;
-  return data() + offset;
-}
-
-unsigned char* DtPdu::writable(int offset, int width) {
+unsigned char* DtPdu::writableBeyondExtent(int offset, int width) {
   if (offset < 0 || width < 0 || offset > capacity() - width) return nullptr;
-  if (offset + width > extent_) {
-    std::memset(data() + extent_, 0, static_cast<std::size_t>(offset + width - extent_));
-    extent_ = offset + width;
-  }
+  // A write past the initialised extent zero-fills the gap so that no byte is ever read uninitialised.
+  std::memset(data() + extent_, 0, static_cast<std::size_t>(offset + width - extent_));
+  extent_ = offset + width;
   return data() + offset;
-}
-
-std::uint8_t DtPdu::u8At(int offset) const {
-  const unsigned char* p = readable(offset, 1);
-  return p ? DtWire::loadU8(p) : 0;
-}
-void DtPdu::setU8At(int offset, std::uint8_t value) {
-  if (unsigned char* p = writable(offset, 1)) DtWire::storeU8(p, value);
-}
-std::uint16_t DtPdu::u16At(int offset) const {
-  const unsigned char* p = readable(offset, 2);
-  return p ? DtWire::loadU16(p) : 0;
-}
-void DtPdu::setU16At(int offset, std::uint16_t value) {
-  if (unsigned char* p = writable(offset, 2)) DtWire::storeU16(p, value);
-}
-std::uint32_t DtPdu::u32At(int offset) const {
-  const unsigned char* p = readable(offset, 4);
-  return p ? DtWire::loadU32(p) : 0;
-}
-void DtPdu::setU32At(int offset, std::uint32_t value) {
-  if (unsigned char* p = writable(offset, 4)) DtWire::storeU32(p, value);
-}
-std::int32_t DtPdu::i32At(int offset) const {
-  const unsigned char* p = readable(offset, 4);
-  return p ? DtWire::loadI32(p) : 0;
-}
-void DtPdu::setI32At(int offset, std::int32_t value) {
-  if (unsigned char* p = writable(offset, 4)) DtWire::storeI32(p, value);
-}
-float DtPdu::f32At(int offset) const {
-  const unsigned char* p = readable(offset, 4);
-  return p ? DtWire::loadF32(p) : 0.0f;
-}
-void DtPdu::setF32At(int offset, float value) {
-  if (unsigned char* p = writable(offset, 4)) DtWire::storeF32(p, value);
-}
-double DtPdu::f64At(int offset) const {
-  const unsigned char* p = readable(offset, 8);
-  return p ? DtWire::loadF64(p) : 0.0;
-}
-void DtPdu::setF64At(int offset, double value) {
-  if (unsigned char* p = writable(offset, 8)) DtWire::storeF64(p, value);
 }
 
 DtVector64 DtPdu::f64VectorAt(int offset) const {
@@ -230,4 +181,13 @@ DtString DtPdu::textAt(int offset) const {
 void DtPdu::setBytesAt(int offset, const void* bytes, int count) {
   if (bytes == nullptr || count <= 0) return;
   if (unsigned char* p = writable(offset, count)) std::memcpy(p, bytes, static_cast<std::size_t>(count));
+}
+
+void DtPdu::copyBytesAt(int offset, void* out, int count) const {
+  if (out == nullptr || count <= 0) return;
+  auto* dst = static_cast<unsigned char*>(out);
+  std::memset(dst, 0, static_cast<std::size_t>(count));
+  const int first = std::max(offset, 0);
+  const long long last = std::min<long long>(static_cast<long long>(offset) + count, extent_);
+  if (last > first) std::memcpy(dst + (first - offset), data() + first, static_cast<std::size_t>(last - first));
 }

@@ -1,0 +1,61 @@
+// Command-line parsing for the programs built on the toolkit: switches ("-v", "--verbose"), value arguments
+// ("--viewer NAME", "--viewer=NAME"), positional arguments, usage and version output and "PARSE ERROR:"
+// reporting.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tarvex/tarvexExport.h"
+
+class TARVEX_EXPORT DtCmdLine {
+ public:
+  enum class Result { Ok, Help, Version, Error };
+
+  DtCmdLine(std::string program, std::string summary, std::string version);
+  ~DtCmdLine();
+  DtCmdLine(const DtCmdLine&) = delete;
+  DtCmdLine& operator=(const DtCmdLine&) = delete;
+
+  // A switch, off unless given. Names are given without dashes; a one-letter name is written "-x", a longer
+  // one "--name". The returned index is what isSet() and value() take.
+  int addSwitch(const std::string& name, const std::string& alias, const std::string& help);
+  // An argument that takes a value, with the value used when it is not given.
+  int addValue(const std::string& name, const std::string& alias, const std::string& valueName,
+               const std::string& help, const std::string& defaultValue);
+  // Describes the positional arguments in the usage text ("COMMAND [ARGS...]").
+  void setPositionalHelp(const std::string& synopsis, const std::string& help);
+
+  // Parses argv[1..argc-1]. "-h"/"--help" gives Help, "--version" Version; an unknown argument or a missing
+  // value gives Error with error() saying which. "--" ends the options.
+  Result parse(int argc, const char* const* argv);
+
+  bool isSet(int index) const;
+  const std::string& value(int index) const;
+  const std::vector<std::string>& positionals() const { return positionals_; }
+  const std::string& error() const { return error_; }
+
+  void printUsage(std::ostream& out) const;
+  void printVersion(std::ostream& out) const;
+  // "PARSE ERROR: <error>", then the usage.
+  void printParseError(std::ostream& out) const;
+
+  // Writes "Press any key to continue" and waits for a key, but only when the input is a terminal, so that a
+  // script or a CI run never waits.
+  static void pressAnyKeyToContinue(std::ostream& out);
+
+ private:
+  struct Option;
+  Option* find(const std::string& token);
+
+  std::string program_;
+  std::string summary_;
+  std::string version_;
+  std::string positionalSynopsis_;
+  std::string positionalHelp_;
+  std::vector<std::unique_ptr<Option>> options_;
+  std::vector<std::string> positionals_;
+  std::string error_;
+};
