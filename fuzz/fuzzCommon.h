@@ -1,6 +1,8 @@
 // Shared by the fuzz targets: quiet streams and a walk over every accessor of a control PDU object.
 #pragma once
 
+#include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
@@ -8,7 +10,18 @@
 
 #include "tarvex/dtMessage.h"
 #include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/compassVcPdu.h"
+#include "vistralcontrol/groupVcPdu.h"
+#include "vistralcontrol/mimicTrackVcPdu.h"
+#include "vistralcontrol/mimicVcPdu.h"
+#include "vistralcontrol/modelessVcPdu.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/pivotVcPdu.h"
+#include "vistralcontrol/tetherTrackVcPdu.h"
+#include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
 namespace fuzz {
@@ -26,6 +39,91 @@ inline void silenceStreams() {
   DtInfo.setStream(nullStream());
   DtWarn.setStream(nullStream());
   DtDumpStream.setStream(nullStream());
+}
+
+// Entries of a group or modeless list at the edges of what its counts and its image allow.
+template <class T>
+void readLists(const T& pdu) {
+  const auto near = [](int count, int step) {
+    return static_cast<int>(std::clamp<long long>(static_cast<long long>(count) + step, INT_MIN, INT_MAX));
+  };
+  for (int count : {pdu.numEntitiesToRemove(), pdu.numEntitiesToAdd()}) {
+    for (int index : {-1, 0, 1, near(count, -1), count, near(count, 1), 1 << 30}) {
+      (void)pdu.entityToRemove(index).length();
+      (void)pdu.entityToAdd(index).length();
+    }
+  }
+}
+
+// The view-control bodies: every getter of the object's class.
+inline void readViewControl(const DtVistralControlPdu& pdu) {
+  if (const auto* p = dynamic_cast<const DtCompassVCPdu*>(&pdu)) {
+    (void)(p->radius() + p->bodyHeading() + p->pitch() + p->headingOffset() + p->pitchOffset() + p->roll());
+    (void)p->attachId().length();
+    (void)p->markingText().length();
+  }
+  if (const auto* p = dynamic_cast<const DtOrbitVCPdu*>(&pdu)) {
+    (void)(p->radius() + p->azimuthRate() + p->heading() + p->pitch() + p->headingOffset() + p->pitchOffset() +
+           p->roll());
+    (void)p->attachId().length();
+    (void)p->markingText().length();
+  }
+  if (const auto* p = dynamic_cast<const DtPivotVCPdu*>(&pdu)) {
+    (void)(p->radius() + p->bodyHeading() + p->pitch() + p->headingOffset() + p->pitchOffset() + p->roll());
+    (void)p->pivotPoint();
+  }
+  if (const auto* p = dynamic_cast<const DtTetherVCPdu*>(&pdu)) {
+    (void)p->topoUpOffset();
+    (void)p->orientation();
+    (void)p->attachId().length();
+    (void)p->markingText().length();
+  }
+  if (const auto* p = dynamic_cast<const DtMimicVCPdu*>(&pdu)) {  // offset mimic too
+    (void)p->offset();
+    (void)p->bodyOrientation();
+    (void)p->attachId().length();
+    (void)p->markingText().length();
+  }
+  if (const auto* p = dynamic_cast<const DtTrackVCPdu*>(&pdu)) {
+    (void)p->worldLocation();
+    (void)p->trackId().length();
+    (void)p->markingText().length();
+  }
+  if (const auto* p = dynamic_cast<const DtTetherTrackVCPdu*>(&pdu)) {
+    (void)p->offset();
+    (void)(p->attachId().length() + p->trackId().length());
+    (void)(p->attachMarkingText().length() + p->trackMarkingText().length());
+  }
+  if (const auto* p = dynamic_cast<const DtMimicTrackVCPdu*>(&pdu)) {
+    (void)p->offset();
+    (void)(p->attachId().length() + p->trackId().length());
+    (void)(p->attachMarkingText().length() + p->trackMarkingText().length());
+  }
+  if (const auto* p = dynamic_cast<const DtGroupVCPdu*>(&pdu)) {
+    (void)(p->radialOffset() + p->heading() + p->pitch() + p->headingOffset() + p->pitchOffset());
+    (void)p->groupCmd();
+    readLists(*p);
+  }
+  if (const auto* p = dynamic_cast<const DtModelessVCPdu*>(&pdu)) {
+    (void)(p->primary().length() + p->secondary().length());
+    readLists(*p);
+  }
+  if (const auto* p = dynamic_cast<const DtOptionsPdu*>(&pdu)) {
+    for (int option = -1; option <= 128; ++option) (void)p->optionPresent(static_cast<DtVistralOption>(option));
+    (void)(p->locatorRange() + p->smoothingPeriod() + p->clampRange() + p->floor() + p->timeOfDay() +
+           p->nearClip() + p->farClip() + p->fov() + p->nearFog() + p->farFog() + p->blockedDistance());
+    (void)(p->stepsize() + p->turnrate() + p->terrainScale() + p->objectScale());
+    (void)p->overlay();
+    (void)p->smoothing();
+    (void)p->videoCaptureCommand();
+    (void)p->featureCommand();
+    (void)(p->aggregateLevel() + static_cast<unsigned>(p->videoCaptureFramesPerSecond()));
+    (void)(p->sound() || p->exit() || p->constrainedToAll() || p->broadcasting() || p->showPrevTextureSet());
+    (void)(p->databaseToLoad().length() + p->date().length() + p->currentModelSet().length() +
+           p->currentTextureSet().length() + p->videoCaptureFilename().length() +
+           p->videoCaptureDirectory().length() + p->videoCaptureFilenameBase().length() +
+           p->featureFilename().length());
+  }
 }
 
 // Reads every field the object's class offers, through its own accessors, and prints it.
@@ -49,9 +147,101 @@ inline void readEverything(const DtVistralControlPdu& pdu) {
     (void)move->orientation();
     (void)move->reset();
   }
+  readViewControl(pdu);
   pdu.print();
   pdu.printDataToStream(nullStream());
   (void)pdu.string();
+}
+
+// List counts and entries from the input, hostile ones included.
+template <class T>
+void writeLists(T& pdu, const std::string& text, int value) {
+  pdu.setNumEntitiesToAdd(value % 3 == 0 ? -1 : value % 40);
+  pdu.setNumEntitiesToRemove(value % 5 == 0 ? value - 1000 : value % 30);
+  pdu.setNumEntitiesToAdd(value % 7 == 0 ? (1 << 20) + value : value % 20);
+  for (int index : {-1, 0, value % 50, 1 << 29}) {
+    pdu.setEntityToRemove(index, text);
+    pdu.setEntityToAdd(index, text);
+  }
+}
+
+// The view-control bodies: every setter of the object's class, with values taken from the input.
+inline void writeViewControl(DtVistralControlPdu& pdu, const std::string& text) {
+  const int value = static_cast<int>(text.size()) * 7919 + (text.empty() ? 0 : text[0]);
+  const auto number = static_cast<float>(value) / 7.0f;
+  const DtVector64 vector(number, -number, 1e300);
+  if (auto* p = dynamic_cast<DtCompassVCPdu*>(&pdu)) {
+    p->setRadius(number);
+    p->setAttachId(text);
+    p->setMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtOrbitVCPdu*>(&pdu)) {
+    p->setAzimuthRate(number);
+    p->setAttachId(text);
+    p->setMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtPivotVCPdu*>(&pdu)) {
+    p->setRoll(number);
+    p->setPivotPoint(vector);
+  }
+  if (auto* p = dynamic_cast<DtTetherVCPdu*>(&pdu)) {
+    p->setTopoUpOffset(vector);
+    p->setOrientation(DtTaitBryan(number, 1e300, -1e-300));
+    p->setAttachId(text);
+    p->setMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtMimicVCPdu*>(&pdu)) {
+    p->setOffset(vector);
+    p->setBodyOrientation(DtTaitBryan(number, 1e300, -1e-300));
+    p->setAttachId(text);
+    p->setMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtTrackVCPdu*>(&pdu)) {
+    p->setWorldLocation(vector);
+    p->setTrackId(text);
+    p->setMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtTetherTrackVCPdu*>(&pdu)) {
+    p->setOffset(vector);
+    p->setAttachId(text);
+    p->setTrackId(text);
+    p->setAttachMarkingText(text);
+    p->setTrackMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtMimicTrackVCPdu*>(&pdu)) {
+    p->setOffset(vector);
+    p->setAttachId(text);
+    p->setTrackId(text);
+    p->setAttachMarkingText(text);
+    p->setTrackMarkingText(text);
+  }
+  if (auto* p = dynamic_cast<DtGroupVCPdu*>(&pdu)) {
+    p->setGroupCmd(value);
+    p->setPitch(number);
+    writeLists(*p, text, value);
+  }
+  if (auto* p = dynamic_cast<DtModelessVCPdu*>(&pdu)) {
+    p->setPrimary(text);
+    p->setSecondary(text);
+    writeLists(*p, text, value);
+  }
+  if (auto* p = dynamic_cast<DtOptionsPdu*>(&pdu)) {
+    p->setOptionPresent(static_cast<DtVistralOption>(value % 140 - 5));
+    p->clearOptionPresent(static_cast<DtVistralOption>(value % 130));
+    p->setOverlay(static_cast<DtOverlayOption>(value));
+    p->setSmoothing(static_cast<DtSmoothingOption>(-value));
+    p->setVideoCaptureCommand(static_cast<DtVistralControlVideoCaptureCommand>(value));
+    p->setFeatureCommand(static_cast<DtVistralControlFeatureCommand>(value));
+    p->setVideoCaptureFramesPerSecond(value);
+    p->setTerrainScale(1e300);
+    p->setBroadcasting(value % 2 == 0);
+    p->setExit(value % 3 == 0);
+    p->setDatabaseToLoad(text);
+    p->setDate(text);
+    p->setCurrentModelSet(text);
+    p->setVideoCaptureFilenameBase(text);
+    p->setFeatureFilename(text);
+  }
 }
 
 // Writes through every setter, including the text form, with values taken from the input.
@@ -63,6 +253,7 @@ inline void writeEverything(DtVistralControlPdu& pdu, const std::string& text) {
   pdu.setIgnoreFlags(text.size());
   pdu.setStatusCommand(!pdu.statusCommand());
   (void)pdu.isNumber(text.c_str());
+  writeViewControl(pdu, text);
 }
 
 }  // namespace fuzz

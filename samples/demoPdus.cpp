@@ -1,7 +1,18 @@
 #include "demoPdus.h"
 
 #include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/compassVcPdu.h"
+#include "vistralcontrol/groupVcPdu.h"
+#include "vistralcontrol/mimicTrackVcPdu.h"
+#include "vistralcontrol/mimicVcPdu.h"
+#include "vistralcontrol/modelessVcPdu.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/pivotVcPdu.h"
+#include "vistralcontrol/tetherTrackVcPdu.h"
+#include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
 
 namespace {
 template <class T>
@@ -27,5 +38,67 @@ std::vector<std::pair<const char*, std::unique_ptr<DtVistralControlPdu>>> demoPd
   move->setFromString("1 4 1.5 2 3");
   move->setIgnoreFlags(0xFEFFFFFF);
   out.emplace_back("move", std::move(move));
+
+  // Modes around a centre: an entity, or a world point.
+  auto orbit = addressed<DtOrbitVCPdu>(viewer, controller);
+  orbit->setFromString("Tank 7,150,0.1,0,-0.3,0,0,0,Blue leader");
+  orbit->setIgnoreFlags(0);
+  out.emplace_back("orbit mode", std::move(orbit));
+
+  auto compass = addressed<DtCompassVCPdu>(viewer, controller);
+  compass->setFromString("1:3001:12 80 1.5708 -0.2 0 0 0 T-72");
+  compass->setIgnoreFlags(0);
+  out.emplace_back("compass mode", std::move(compass));
+
+  auto pivot = addressed<DtPivotVCPdu>(viewer, controller);
+  pivot->setPivotPoint(DtVector64(-2476512.25, -4665431.5, 3588000.75));
+  pivot->setRadius(500);
+  pivot->setPitch(-0.5f);
+  pivot->setIgnoreFlags(0);
+  out.emplace_back("pivot mode", std::move(pivot));
+
+  // Modes that follow entities.
+  auto tether = addressed<DtTetherVCPdu>(viewer, controller);
+  tether->setFromString("1:3001:12 -30 0 8 0 -0.1 0 Lead");
+  tether->setIgnoreFlags(0);
+  out.emplace_back("tether mode", std::move(tether));
+
+  auto mimic = addressed<DtOffsetMimicVCPdu>(viewer, controller);
+  mimic->setFromString("1:3001:14 0 1.2 2.5 0 0 0 Gunner");
+  mimic->setIgnoreFlags(0);
+  out.emplace_back("offset mimic mode", std::move(mimic));
+
+  auto track = addressed<DtTrackVCPdu>(viewer, controller);
+  track->setFromString("Tank 9,-2476400,-4665300,3588050,Red two");
+  track->setIgnoreFlags(0);
+  out.emplace_back("track mode", std::move(track));
+
+  auto tetherTrack = addressed<DtTetherTrackVCPdu>(viewer, controller);
+  tetherTrack->setFromString("1:3001:12 1:3002:5 -20 0 6 Lead Target");
+  tetherTrack->setIgnoreFlags(0);
+  out.emplace_back("tether-track mode", std::move(tetherTrack));
+
+  // Entity lists that size the PDU.
+  auto group = addressed<DtGroupVCPdu>(viewer, controller);
+  group->setFromString("0 1 3 400 0.7 -0.4 0 0 1:3001:9 1:3001:12 1:3001:14 1:3002:5");
+  group->setIgnoreFlags(0);
+  out.emplace_back("group mode", std::move(group));
+
+  auto modeless = addressed<DtModelessVCPdu>(viewer, controller);
+  modeless->setPrimary("1:3001:12");
+  modeless->setSecondary("1:3002:5");
+  modeless->setNumEntitiesToAdd(1);
+  modeless->setEntityToAdd(0, "1:3002:6");
+  modeless->setIgnoreFlags(0);
+  out.emplace_back("modeless", std::move(modeless));
+
+  auto options = addressed<DtOptionsPdu>(viewer, controller);
+  options->setFov(55);
+  options->setTimeOfDay(17.5);
+  options->setSkyDome(true);
+  options->setOverlay(DtOverlayMinimal);
+  options->setDatabaseToLoad("terrain/coast-west");
+  options->setShowNextModelSet(true);
+  out.emplace_back("viewer options", std::move(options));
   return out;
 }

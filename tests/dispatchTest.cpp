@@ -7,7 +7,18 @@
 
 #include "testSupport.h"
 #include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/compassVcPdu.h"
+#include "vistralcontrol/groupVcPdu.h"
+#include "vistralcontrol/mimicTrackVcPdu.h"
+#include "vistralcontrol/mimicVcPdu.h"
+#include "vistralcontrol/modelessVcPdu.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/pivotVcPdu.h"
+#include "vistralcontrol/tetherTrackVcPdu.h"
+#include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
 
 namespace {
 // A kind-202 image with the given command and header length, everything else zero. The command is written
@@ -36,6 +47,18 @@ TEST(Dispatch, ReceivedImagesBecomeTheirClass) {
   };
   const Case cases[] = {
       {0, typeid(DtAbsoluteVCPdu)},       {500, typeid(DtAbsoluteVCPdu)},
+      {1, typeid(DtTetherVCPdu)},         {501, typeid(DtTetherVCPdu)},
+      {2, typeid(DtCompassVCPdu)},        {502, typeid(DtCompassVCPdu)},
+      {3, typeid(DtMimicVCPdu)},          {503, typeid(DtMimicVCPdu)},
+      {4, typeid(DtOffsetMimicVCPdu)},    {504, typeid(DtOffsetMimicVCPdu)},
+      {5, typeid(DtOrbitVCPdu)},          {505, typeid(DtOrbitVCPdu)},
+      {6, typeid(DtTrackVCPdu)},          {506, typeid(DtTrackVCPdu)},
+      {7, typeid(DtTetherTrackVCPdu)},    {507, typeid(DtTetherTrackVCPdu)},
+      {8, typeid(DtMimicTrackVCPdu)},     {508, typeid(DtMimicTrackVCPdu)},
+      {9, typeid(DtGroupVCPdu)},          {509, typeid(DtGroupVCPdu)},
+      {10, typeid(DtModelessVCPdu)},      {510, typeid(DtModelessVCPdu)},
+      {11, typeid(DtOptionsPdu)},         {12, typeid(DtPivotVCPdu)},
+      {512, typeid(DtPivotVCPdu)},
       {13, typeid(DtMoveVCPdu)},          {14, typeid(DtRequestStateVCPdu)},
       {511, typeid(DtUnknownVistralControlPdu)}, {513, typeid(DtUnknownVistralControlPdu)},
       {514, typeid(DtUnknownVistralControlPdu)}, {999, typeid(DtUnknownVistralControlPdu)},
@@ -51,8 +74,10 @@ TEST(Dispatch, ReceivedImagesBecomeTheirClass) {
     }
     EXPECT_EQ(received(image(0, 196, 201), fromNet), nullptr);
   }
-  auto status = received(image(500, 196));
-  EXPECT_TRUE(static_cast<DtVistralControlPdu&>(*status).statusCommand());
+  for (int command : {500, 505, 510, 512}) {
+    auto status = received(image(command, 196));
+    EXPECT_TRUE(static_cast<DtVistralControlPdu&>(*status).statusCommand()) << command;
+  }
 }
 
 TEST(Dispatch, ShortAndOddImagesAreWrappedAsTheyStand) {
@@ -96,6 +121,28 @@ TEST(Dispatch, NewPdusByCommandNumber) {
   EXPECT_EQ(status->viewerCommand(), 500);
   EXPECT_EQ(made(14)->length(), 152);
   EXPECT_EQ(made(13)->viewerCommand(), DtVcMove);
+  // Every other command and status form builds its class empty, at its full length and with its own number.
+  struct Row {
+    int command;
+    const std::type_info& type;
+    int length;
+  };
+  const Row rows[] = {{1, typeid(DtTetherVCPdu), 308},      {2, typeid(DtCompassVCPdu), 308},
+                      {3, typeid(DtMimicVCPdu), 308},       {4, typeid(DtOffsetMimicVCPdu), 308},
+                      {5, typeid(DtOrbitVCPdu), 312},       {6, typeid(DtTrackVCPdu), 312},
+                      {7, typeid(DtTetherTrackVCPdu), 424}, {8, typeid(DtMimicTrackVCPdu), 424},
+                      {9, typeid(DtGroupVCPdu), 188},       {11, typeid(DtOptionsPdu), 1539},
+                      {12, typeid(DtPivotVCPdu), 204}};
+  for (const Row& row : rows) {
+    for (int command : {row.command, row.command + 500}) {
+      if (command == 511) continue;
+      auto pdu = made(command);
+      ASSERT_NE(pdu, nullptr) << command;
+      EXPECT_EQ(typeid(*pdu), row.type) << command;
+      EXPECT_EQ(pdu->viewerCommand(), command);
+      EXPECT_EQ(pdu->length(), row.length) << command;
+    }
+  }
   // Move, options and request state have no status form; modeless is a deliberate hole.
   for (int none : {10, 510, 511, 513, 514, 15, 499, 2489, 2510, -1, 65536}) EXPECT_EQ(made(none), nullptr) << none;
 }

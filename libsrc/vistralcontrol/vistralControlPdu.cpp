@@ -10,7 +10,18 @@
 #include "tarvex/dtMessage.h"
 #include "vcLayout.h"
 #include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/compassVcPdu.h"
+#include "vistralcontrol/groupVcPdu.h"
+#include "vistralcontrol/mimicTrackVcPdu.h"
+#include "vistralcontrol/mimicVcPdu.h"
+#include "vistralcontrol/modelessVcPdu.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/pivotVcPdu.h"
+#include "vistralcontrol/tetherTrackVcPdu.h"
+#include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
 
 using VcLayout::Fixed;
 
@@ -184,18 +195,19 @@ struct ViewRow {
 
 constexpr ViewRow kViewTable[] = {
     /*  0 absolute      */ {fromImage<DtAbsoluteVCPdu>, makeEmpty<DtAbsoluteVCPdu>, true},
-    /*  1 tether        */ {nullptr, nullptr, true},
-    /*  2 compass       */ {nullptr, nullptr, true},
-    /*  3 mimic         */ {nullptr, nullptr, true},
-    /*  4 offset mimic  */ {nullptr, nullptr, true},
-    /*  5 orbit         */ {nullptr, nullptr, true},
-    /*  6 track         */ {nullptr, nullptr, true},
-    /*  7 tether-track  */ {nullptr, nullptr, true},
-    /*  8 mimic-track   */ {nullptr, nullptr, true},
-    /*  9 group         */ {nullptr, nullptr, true},
-    /* 10 modeless      */ {nullptr, nullptr, true},
-    /* 11 options       */ {nullptr, nullptr, false},
-    /* 12 pivot         */ {nullptr, nullptr, true},
+    /*  1 tether        */ {fromImage<DtTetherVCPdu>, makeEmpty<DtTetherVCPdu>, true},
+    /*  2 compass       */ {fromImage<DtCompassVCPdu>, makeEmpty<DtCompassVCPdu>, true},
+    /*  3 mimic         */ {fromImage<DtMimicVCPdu>, makeEmpty<DtMimicVCPdu>, true},
+    /*  4 offset mimic  */ {fromImage<DtOffsetMimicVCPdu>, makeEmpty<DtOffsetMimicVCPdu>, true},
+    /*  5 orbit         */ {fromImage<DtOrbitVCPdu>, makeEmpty<DtOrbitVCPdu>, true},
+    /*  6 track         */ {fromImage<DtTrackVCPdu>, makeEmpty<DtTrackVCPdu>, true},
+    /*  7 tether-track  */ {fromImage<DtTetherTrackVCPdu>, makeEmpty<DtTetherTrackVCPdu>, true},
+    /*  8 mimic-track   */ {fromImage<DtMimicTrackVCPdu>, makeEmpty<DtMimicTrackVCPdu>, true},
+    /*  9 group         */ {fromImage<DtGroupVCPdu>, makeEmpty<DtGroupVCPdu>, true},
+    // Received modeless images are read, but a modeless PDU is never built by number: 10 and 510 give null.
+    /* 10 modeless      */ {fromImage<DtModelessVCPdu>, nullptr, true},
+    /* 11 options       */ {fromImage<DtOptionsPdu>, makeEmpty<DtOptionsPdu>, false},
+    /* 12 pivot         */ {fromImage<DtPivotVCPdu>, makeEmpty<DtPivotVCPdu>, true},
     /* 13 move          */ {fromImage<DtMoveVCPdu>, makeEmpty<DtMoveVCPdu>, false},
     /* 14 request state */ {fromImage<DtRequestStateVCPdu>, makeEmpty<DtRequestStateVCPdu>, false},
 };
