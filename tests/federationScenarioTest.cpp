@@ -22,6 +22,8 @@
 #include "testSupport.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/vistralRemoteController.h"
 #include "vistralcontrol/moveVcPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
 
@@ -190,6 +192,67 @@ TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
   ASSERT_TRUE(a.send(*pdus[1]));
   quietPeriod(b);
   EXPECT_EQ(b.got.size(), 1u);
+}
+
+namespace {
+// Keeps the bytes a controller hands to its custom sender.
+struct BytesSender : DtCustomRemoteControlSender {
+  void sendPdu(const unsigned char* bytes, int length) override { sent.emplace_back(bytes, bytes + length); }
+  std::vector<Bytes> sent;
+};
+
+void heardReport(const DtVistralControlPdu& pdu, void* usr) {
+  static_cast<std::vector<Bytes>*>(usr)->push_back(imageOf(pdu));
+}
+}  // namespace
+
+TEST(FederationScenario, ControllerSteersAViewerAndHearsItsReport) {
+  SKIP_WITHOUT_BACKEND();
+  Federate viewer(execution("steer"), "vistral-1");
+  DtExerciseConn conn(execution("steer").c_str(), "controller", static_cast<DtFomMapper*>(nullptr), nullptr,
+                      nullptr);
+  DtVistralControlRegister(&conn);
+  BytesSender copy;
+  std::vector<Bytes> reports, reportsForOther;
+  {
+    DtVistralRemoteController controller(&conn, "vistral-1");
+    controller.setControllerId("controller");
+    controller.setCustomSender(&copy);
+    controller.addViewModeChangeCallback(&heardReport, &reports, "vistral-1");
+    controller.addViewModeChangeCallback(&heardReport, &reportsForOther, "vistral-2");
+
+    const DtString tank("tank 1");
+    const float radius = 50;
+    controller.setOrbitMode(&tank, &radius, nullptr, nullptr, nullptr);
+    controller.requestCurrentViewMode("vistral-1");
+    settle({{&viewer, 2}});
+    ASSERT_EQ(viewer.got.size(), 2u);
+    ASSERT_EQ(copy.sent.size(), 2u);
+    EXPECT_EQ(viewer.got[0].image, copy.sent[0]);  // the same bytes both ways
+    EXPECT_EQ(viewer.got[0].type, typeid(DtOrbitVCPdu).name());
+    EXPECT_EQ(viewer.got[1].type, typeid(DtRequestStateVCPdu).name());
+
+    // The viewer answers with the status form of its mode, addressed as from itself.
+    ReceivedImage image(viewer.got[0].image);
+    std::unique_ptr<DtPdu> mode(DtVistralControlPdu::createFromNet(image.header(), nullptr, nullptr));
+    auto& report = static_cast<DtVistralControlPdu&>(*mode);
+    report.setStatusCommand(true);
+    report.setSenderId("vistral-1");
+    ASSERT_TRUE(viewer.send(report));
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(overRti() ? 20 : 0);
+    do {
+      conn.processIncoming();
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    } while (reports.empty() && std::chrono::steady_clock::now() < deadline);
+    ASSERT_EQ(reports.size(), 1u);
+    EXPECT_EQ(reports[0], imageOf(report));
+    EXPECT_TRUE(reportsForOther.empty());
+  }
+  // The controller is gone and has taken its connection callback with it.
+  ASSERT_TRUE(viewer.send(*samplePdus()[0]));
+  quietPeriod(viewer);
+  conn.processIncoming();
+  EXPECT_EQ(reports.size(), 1u);
 }
 
 #if TARVEX_HAVE_RTI13
