@@ -41,7 +41,8 @@ void printArrival(DtVistralControlInteraction* inter, void* usr) {
     return;
   }
   std::cout << "<-- viewer received " << DtEnumString(pdu->viewerCommand()) << " (" << pdu->length()
-            << " bytes, " << (inbox->sent && sameBytes(*inbox->sent, *pdu) ? "as sent" : "DIFFERENT") << ")\n";
+            << " bytes, " << (inbox->sent && sameBytes(*inbox->sent, *pdu) ? "as sent" : "DIFFERENT")
+            << ")\n";
   pdu->printData();
   std::cout << "text form: \"" << pdu->string() << "\"\n";
 }
@@ -93,10 +94,11 @@ class StandInViewer {
       self->answer();
     } else if (command <= DtVcPivot && command != DtVcModeless && command != DtVcOptions) {
       // Keep the mode command as it came: its image is the report to give back.
-      self->mode_.reset(static_cast<DtVistralControlPdu*>(
-          DtVistralControlPdu::create(reinterpret_cast<const DtNetPduHeader*>(pdu->packet()), nullptr, nullptr)));
-      std::cout << "   viewer " << self->name_ << ": now in " << DtEnumString(command) << " \"" << pdu->string()
-                << "\", ignore flags " << std::hex << (pdu->ignoreFlags() & 0xFFFFFFFFUL) << std::dec << "\n";
+      self->mode_.reset(static_cast<DtVistralControlPdu*>(DtVistralControlPdu::create(
+          reinterpret_cast<const DtNetPduHeader*>(pdu->packet()), nullptr, nullptr)));
+      std::cout << "   viewer " << self->name_ << ": now in " << DtEnumString(command) << " \""
+                << pdu->string() << "\", ignore flags " << std::hex << (pdu->ignoreFlags() & 0xFFFFFFFFUL)
+                << std::dec << "\n";
     } else {
       std::cout << "   viewer " << self->name_ << ": " << DtEnumString(command) << "\n";
     }

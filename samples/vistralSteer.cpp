@@ -1,6 +1,7 @@
 // Steers a remote viewer from the command line: every remote-controller operation is a sub-command.
 //
-//   vistralSteer [--viewer NAME] [--controller NAME] [--federation NAME] [--fed FILE] [--print] COMMAND [ARGS]
+//   vistralSteer [--viewer NAME] [--controller NAME] [--federation NAME] [--fed FILE] [--print] COMMAND
+//   [ARGS]
 //
 // With --print (or when no other federate could hear the command) each PDU sent is also dumped.
 #include <cstdio>
@@ -180,7 +181,8 @@ std::vector<SubCommand> subCommands() {
     Optional o(a);
     c.set(o.vector(0), o.angles(3));
   });
-  add("request-state", "", 0, 0, [](Controller& c, const Args&) { c.requestCurrentViewMode(c.targetVistralId()); });
+  add("request-state", "", 0, 0,
+      [](Controller& c, const Args&) { c.requestCurrentViewMode(c.targetVistralId()); });
   // Modeless and group membership.
   add("primary", "ENTITY", 1, 1, [](Controller& c, const Args& a) { c.setPrimary(a.text(0)); });
   add("secondary", "ENTITY", 1, 1, [](Controller& c, const Args& a) { c.setSecondary(a.text(0)); });
@@ -188,7 +190,8 @@ std::vector<SubCommand> subCommands() {
       [](Controller& c, const Args& a) { c.setPrimarySecondary(a.text(0), a.text(1)); });
   add("set-group", "[ENTITY...]", 0, -1, [](Controller& c, const Args& a) { c.setGroup(a.names(0)); });
   add("add-to-group", "ENTITY...", 1, -1, [](Controller& c, const Args& a) { c.addToGroup(a.names(0)); });
-  add("remove-from-group", "ENTITY...", 1, -1, [](Controller& c, const Args& a) { c.removeFromGroup(a.names(0)); });
+  add("remove-from-group", "ENTITY...", 1, -1,
+      [](Controller& c, const Args& a) { c.removeFromGroup(a.names(0)); });
   // Eye point steps.
   add("reset", "", 0, 0, [](Controller& c, const Args&) { c.reset(); });
   add("move", "left|right|up|down|forwards|backwards", 1, 1,
@@ -231,7 +234,8 @@ std::vector<SubCommand> subCommands() {
   onOffConst("entity-labels", &Controller::setEntityLabelsEnabled);
   onOffConst("trailing-effects", &Controller::setTrailingEffectsEnabled);
   onOffConst("trajectory-histories", &Controller::setTrajectoryHistoriesEnabled);
-  add("aggregate-level", "LEVEL", 1, 1, [](Controller& c, const Args& a) { c.setAggregateLevel(a.integer(0)); });
+  add("aggregate-level", "LEVEL", 1, 1,
+      [](Controller& c, const Args& a) { c.setAggregateLevel(a.integer(0)); });
   onOffConst("aggregate-highest-only", &Controller::setAggregateHighestOnly);
   onOffConst("ground-clamping", &Controller::setGroundClampingEnabled);
   numberConst("ground-clamp-range", &Controller::setGroundClampRange);
@@ -289,7 +293,8 @@ std::vector<SubCommand> subCommands() {
 
 std::string commandsHelp(const std::vector<SubCommand>& table) {
   std::string help = "Commands:\n";
-  for (const SubCommand& s : table) help += std::string("  ") + s.name + (*s.synopsis ? " " : "") + s.synopsis + "\n";
+  for (const SubCommand& s : table)
+    help += std::string("  ") + s.name + (*s.synopsis ? " " : "") + s.synopsis + "\n";
   return help;
 }
 
@@ -307,13 +312,15 @@ class PrintingSender : public DtCustomRemoteControlSender {
 
 int main(int argc, char** argv) {
   const std::vector<SubCommand> table = subCommands();
-  DtCmdLine cmd("vistralSteer", "Steers a remote Vistral viewer: sends one remote-controller command.", "54.0");
+  DtCmdLine cmd("vistralSteer", "Steers a remote Vistral viewer: sends one remote-controller command.",
+                "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "the viewer to steer", "vistral-1");
   const int controller = cmd.addValue("controller", "c", "NAME", "this controller's id", "vistralSteer");
-  const int federation = cmd.addValue("federation", "f", "NAME",
-                                      "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
-                                      "RTI 1.3 when one is built in)",
-                                      "VistralControl");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
+                   "RTI 1.3 when one is built in)",
+                   "VistralControl");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int print = cmd.addSwitch("print", "p", "also print every PDU sent");
   cmd.setPositionalHelp("COMMAND [ARGS...]", commandsHelp(table));
@@ -354,7 +361,8 @@ int main(int argc, char** argv) {
   try {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
     const char* backend = nullptr;  // chosen by the execution name: a URL means the RTI
-    DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(controller).c_str(), fedFile, backend, nullptr);
+    DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(controller).c_str(), fedFile, backend,
+                        nullptr);
     DtVistralControlRegister(&conn);
     Controller steer(&conn, cmd.value(viewer));
     steer.setControllerId(cmd.value(controller));

@@ -174,7 +174,8 @@ TEST_F(Steering, EveryOptionGoesOutAloneWithItsValue) {
        [](const DtOptionsPdu& p) { return p.turnrate() == 1.5f; }},
       {[&] { controller.increaseStepsize(); }, DtOptionsPdu::DtVistralIncStepsize, nullptr},
       {[&] { controller.decreaseTurnrate(); }, DtOptionsPdu::DtVistralDecTurnrate, nullptr},
-      {[&] { controller.setSoundEnabled(false); }, DtVistralSound, [](const DtOptionsPdu& p) { return !p.sound(); }},
+      {[&] { controller.setSoundEnabled(false); }, DtVistralSound,
+       [](const DtOptionsPdu& p) { return !p.sound(); }},
       {[&] { controller.setVerticalFieldOfView(45); }, DtVistralFov,
        [](const DtOptionsPdu& p) { return p.fov() == 45; }},
       {[&] { controller.setDatabaseToLoad("terrain.db"); }, DtVistralDatabaseToLoad,
@@ -185,7 +186,8 @@ TEST_F(Steering, EveryOptionGoesOutAloneWithItsValue) {
        [](const DtOptionsPdu& p) { return p.terrainScale() == 2; }},
       {[&] { controller.pauseVideoRecording(); }, DtOptionsPdu::DtVistralVideoCaptureCommand,
        [](const DtOptionsPdu& p) { return p.videoCaptureCommand() == 1; }},
-      {[&] { controller.setVideoCaptureFramesPerSecond(30); }, DtOptionsPdu::DtVistralVideoCaptureFramesPerSecond,
+      {[&] { controller.setVideoCaptureFramesPerSecond(30); },
+       DtOptionsPdu::DtVistralVideoCaptureFramesPerSecond,
        [](const DtOptionsPdu& p) { return p.videoCaptureFramesPerSecond() == 30; }},
       {[&] { controller.setConstrainViewToAll(true); }, DtOptionsPdu::DtVistralConstrainToAll,
        [](const DtOptionsPdu& p) { return p.constrainedToAll(); }},
@@ -287,9 +289,9 @@ TEST_F(Steering, CallbacksByViewerNameAndOwnCommandFilter) {
   controller.processVistralControl(&own);
   EXPECT_EQ(all.calls.size(), 3u);
 
-  controller.removeViewModeChangeCallback(&Heard::cb, &all, "viewerA");  // another viewer name: nothing
+  controller.removeViewModeChangeCallback(&Heard::cb, &all, "viewerA");    // another viewer name: nothing
   controller.removeViewModeChangeCallback(&Heard::cb, &again, "viewerA");  // another user pointer: nothing
-  controller.removeViewModeChangeCallback(&Heard::cb, &a, "viewerA");  // both registrations
+  controller.removeViewModeChangeCallback(&Heard::cb, &a, "viewerA");      // both registrations
   controller.processVistralControl(&fromA);
   EXPECT_EQ(a.calls.size(), 4u);  // two from our own report, none after the removal
   EXPECT_EQ(all.calls.size(), 4u);

@@ -28,7 +28,8 @@ class VISTRAL_EXPORT DtCustomRemoteControlSender {
 
 // Ignore-flag bits: a set bit tells the viewer to ignore the field it stands for.
 namespace DtVcIgnore {
-constexpr unsigned long Position = 0x00000007;  // world location, pivot point, mimic-track offset, move position
+constexpr unsigned long Position =
+    0x00000007;  // world location, pivot point, mimic-track offset, move position
 constexpr unsigned long Heading = 0x00000008;
 constexpr unsigned long Pitch = 0x00000010;
 constexpr unsigned long Roll = 0x00000020;
@@ -108,23 +109,27 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   // A move PDU with what is given; nothing at all when neither is given.
   virtual void set(const DtVector64* position, const DtTaitBryan* orientation) const;
   // Switches the viewer's mode keeping its parameters, then set(position, orientation).
-  virtual void setMode(DtViewerCommand mode, const DtVector64* position, const DtTaitBryan* orientation) const;
+  virtual void setMode(DtViewerCommand mode, const DtVector64* position,
+                       const DtTaitBryan* orientation) const;
   // In the mode operations a null pointer leaves its field unset and ignored.
   virtual void setAbsoluteMode(const DtVector64* location, const DtTaitBryan* orientation) const;
   virtual void setCompassMode(const DtString* attach, const float* radius, const float* bodyHeading,
                               const float* pitch) const;
   virtual void setMimicMode(const DtString* attach, const DtVector64* offset) const;
   virtual void setTurretMode(const DtString* attach, const DtVector64* offset) const;
-  virtual void setOrbitMode(const DtString* attach, const float* radius, const float* heading, const float* pitch,
-                            const float* azimuthRate) const;
+  virtual void setOrbitMode(const DtString* attach, const float* radius, const float* heading,
+                            const float* pitch, const float* azimuthRate) const;
   virtual void setPivotMode(const DtVector64* pivot, const float* radius, const float* bodyHeading,
                             const float* pitch) const;
-  virtual void setTetherMode(const DtString* attach, const DtVector64* offset, const DtTaitBryan* orientation) const;
+  virtual void setTetherMode(const DtString* attach, const DtVector64* offset,
+                             const DtTaitBryan* orientation) const;
   virtual void setTrackMode(const DtString* track, const DtVector64* location) const;
-  virtual void setMimicTrackMode(const DtString* attach, const DtString* track, const DtVector64* offset) const;
-  virtual void setTetherTrackMode(const DtString* attach, const DtString* track, const DtVector64* offset) const;
-  virtual void setGroupMode(const DtGlobalObjectDesignatorList* list, const float* radial, const float* heading,
-                            const float* pitch) const;
+  virtual void setMimicTrackMode(const DtString* attach, const DtString* track,
+                                 const DtVector64* offset) const;
+  virtual void setTetherTrackMode(const DtString* attach, const DtString* track,
+                                  const DtVector64* offset) const;
+  virtual void setGroupMode(const DtGlobalObjectDesignatorList* list, const float* radial,
+                            const float* heading, const float* pitch) const;
   virtual void setWideGroupMode(const DtGlobalObjectDesignatorList* list, const float* radial,
                                 const float* heading, const float* pitch) const;
 
@@ -191,8 +196,8 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   virtual void send(const DtVistralControlPdu& pdu) const;
   // Hands a received PDU to every callback registered for its viewer or for all viewers.
   virtual void processVistralControl(DtVistralControlInteraction* inter) const;
-  virtual void sendGroupPdu(const DtGlobalObjectDesignatorList* list, const float* radial, const float* heading,
-                            const float* pitch, int wide) const;
+  virtual void sendGroupPdu(const DtGlobalObjectDesignatorList* list, const float* radial,
+                            const float* heading, const float* pitch, int wide) const;
 
   // Also hands every PDU sent to this sender (not owned; null for none), beside the connection.
   void setCustomSender(DtCustomRemoteControlSender* sender);

@@ -2,6 +2,7 @@
 
 #include "tarvex/dtDump.h"
 #include "vcLayout.h"
+#include "vcOffsetAttach.h"
 #include "vcText.h"
 
 using VcLayout::Tether;
@@ -46,29 +47,21 @@ void DtMimicVCPdu::setMarkingText(const DtString& text) {
   setTextAt(Tether::markingText, VcLayout::kNameWidth, text.c_str());
 }
 
+namespace {
+const VcOffsetAttach::Access<DtMimicVCPdu> kAccess{&DtMimicVCPdu::offset, &DtMimicVCPdu::setOffset,
+                                                   &DtMimicVCPdu::bodyOrientation,
+                                                   &DtMimicVCPdu::setBodyOrientation, "Offset:"};
+}  // namespace
+
 const char* DtMimicVCPdu::string() const {
-  const DtVector64 o = offset();
-  const DtTaitBryan a = bodyOrientation();
-  VcText::Writer out(textBuffer(), kTextBufferSize);
-  return VcText::writeAttachForm(out, {attachId().c_str()},
-                                 {o.x(), o.y(), o.z(), a.psi(), a.theta(), a.phi()}, {markingText().c_str()});
+  return VcOffsetAttach::string(*this, kAccess, textBuffer(), kTextBufferSize);
 }
 
-void DtMimicVCPdu::setFromString(const char* text) {
-  if (text == nullptr) return;
-  const VcText::AttachFields f = VcText::parseAttachForm(*this, text, VcText::kOffsetAndAnglesForm);
-  setAttachId(f.ids[0]);
-  setOffset(DtVector64(f.numbers[0], f.numbers[1], f.numbers[2]));
-  setBodyOrientation(DtTaitBryan(f.numbers[3], f.numbers[4], f.numbers[5]));
-  setMarkingText(f.marks[0]);
-}
+void DtMimicVCPdu::setFromString(const char* text) { VcOffsetAttach::setFromString(*this, kAccess, text); }
 
 void DtMimicVCPdu::printData() const {
   DtVistralControlPdu::printData();
-  DtDumpString("AttachTo:", attachId().c_str());
-  DtDumpString("AttachTo (MarkingText):", markingText().c_str());
-  DtDumpString("Offset:", offset().string());
-  DtDumpString("Orientation:", bodyOrientation().string());
+  VcOffsetAttach::printData(*this, kAccess);
 }
 
 // The mimic constructor has already built a mimic PDU; this one builds it again under its own command.

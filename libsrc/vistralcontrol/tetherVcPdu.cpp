@@ -2,6 +2,7 @@
 
 #include "tarvex/dtDump.h"
 #include "vcLayout.h"
+#include "vcOffsetAttach.h"
 #include "vcText.h"
 
 using VcLayout::Tether;
@@ -46,27 +47,19 @@ void DtTetherVCPdu::setMarkingText(const DtString& text) {
   setTextAt(Tether::markingText, VcLayout::kNameWidth, text.c_str());
 }
 
+namespace {
+const VcOffsetAttach::Access<DtTetherVCPdu> kAccess{
+    &DtTetherVCPdu::topoUpOffset, &DtTetherVCPdu::setTopoUpOffset, &DtTetherVCPdu::orientation,
+    &DtTetherVCPdu::setOrientation, "TopoUpOffset:"};
+}  // namespace
+
 const char* DtTetherVCPdu::string() const {
-  const DtVector64 o = topoUpOffset();
-  const DtTaitBryan a = orientation();
-  VcText::Writer out(textBuffer(), kTextBufferSize);
-  return VcText::writeAttachForm(out, {attachId().c_str()},
-                                 {o.x(), o.y(), o.z(), a.psi(), a.theta(), a.phi()}, {markingText().c_str()});
+  return VcOffsetAttach::string(*this, kAccess, textBuffer(), kTextBufferSize);
 }
 
-void DtTetherVCPdu::setFromString(const char* text) {
-  if (text == nullptr) return;
-  const VcText::AttachFields f = VcText::parseAttachForm(*this, text, VcText::kOffsetAndAnglesForm);
-  setAttachId(f.ids[0]);
-  setTopoUpOffset(DtVector64(f.numbers[0], f.numbers[1], f.numbers[2]));
-  setOrientation(DtTaitBryan(f.numbers[3], f.numbers[4], f.numbers[5]));
-  setMarkingText(f.marks[0]);
-}
+void DtTetherVCPdu::setFromString(const char* text) { VcOffsetAttach::setFromString(*this, kAccess, text); }
 
 void DtTetherVCPdu::printData() const {
   DtVistralControlPdu::printData();
-  DtDumpString("AttachTo:", attachId().c_str());
-  DtDumpString("AttachTo (MarkingText):", markingText().c_str());
-  DtDumpString("TopoUpOffset:", topoUpOffset().string());
-  DtDumpString("Orientation:", orientation().string());
+  VcOffsetAttach::printData(*this, kAccess);
 }

@@ -44,7 +44,8 @@ DtCustomRemoteControlSender::~DtCustomRemoteControlSender() = default;
 DtVistralRemoteController::CbStruct::CbStruct(const DtString& viewerName, Callback cb, void* userData)
     : viewer(viewerName), function(cb), usr(userData) {}
 
-DtVistralRemoteController::DtVistralRemoteController(DtCustomRemoteControlSender* sender, const DtString& target)
+DtVistralRemoteController::DtVistralRemoteController(DtCustomRemoteControlSender* sender,
+                                                     const DtString& target)
     : targetId_(target), sender_(sender) {}
 
 DtVistralRemoteController::DtVistralRemoteController(DtExerciseConn* conn, const DtString& target)
@@ -62,8 +63,8 @@ DtVistralRemoteController::DtVistralRemoteController(const char* execName, const
 }
 
 DtVistralRemoteController::DtVistralRemoteController(const char* execName, const char* federateName,
-                                                     const char* fedFile, const char* backend, void* rtiAmbassador,
-                                                     const DtString& target)
+                                                     const char* fedFile, const char* backend,
+                                                     void* rtiAmbassador, const DtString& target)
     : targetId_(target),
       ownedConn_(std::make_unique<DtExerciseConn>(execName, federateName, fedFile, backend, rtiAmbassador)) {
   conn_ = ownedConn_.get();
@@ -121,7 +122,8 @@ void DtVistralRemoteController::sendModeless(unsigned long flags, Fill fill) con
 }
 
 void DtVistralRemoteController::setPrimary(const DtString& primary) const {
-  sendModeless(DtVcIgnore::SecondEntity | DtVcIgnore::GroupLists, [&](DtModelessVCPdu& p) { p.setPrimary(primary); });
+  sendModeless(DtVcIgnore::SecondEntity | DtVcIgnore::GroupLists,
+               [&](DtModelessVCPdu& p) { p.setPrimary(primary); });
 }
 
 void DtVistralRemoteController::setSecondary(const DtString& secondary) const {
@@ -129,7 +131,8 @@ void DtVistralRemoteController::setSecondary(const DtString& secondary) const {
                [&](DtModelessVCPdu& p) { p.setSecondary(secondary); });
 }
 
-void DtVistralRemoteController::setPrimarySecondary(const DtString& primary, const DtString& secondary) const {
+void DtVistralRemoteController::setPrimarySecondary(const DtString& primary,
+                                                    const DtString& secondary) const {
   sendModeless(DtVcIgnore::GroupLists, [&](DtModelessVCPdu& p) {
     p.setPrimary(primary);
     p.setSecondary(secondary);
@@ -220,7 +223,8 @@ void DtVistralRemoteController::setMode(DtViewerCommand mode, const DtVector64* 
   set(position, orientation);
 }
 
-void DtVistralRemoteController::setAbsoluteMode(const DtVector64* location, const DtTaitBryan* orientation) const {
+void DtVistralRemoteController::setAbsoluteMode(const DtVector64* location,
+                                                const DtTaitBryan* orientation) const {
   DtAbsoluteVCPdu pdu;
   unsigned long flags = DtVcIgnore::All;
   given(pdu, flags, location, &DtAbsoluteVCPdu::setWorldLocation, DtVcIgnore::Position);
@@ -259,8 +263,9 @@ void DtVistralRemoteController::setTurretMode(const DtString* attach, const DtVe
   send(pdu);
 }
 
-void DtVistralRemoteController::setOrbitMode(const DtString* attach, const float* radius, const float* heading,
-                                             const float* pitch, const float* azimuthRate) const {
+void DtVistralRemoteController::setOrbitMode(const DtString* attach, const float* radius,
+                                             const float* heading, const float* pitch,
+                                             const float* azimuthRate) const {
   DtOrbitVCPdu pdu;
   unsigned long flags = DtVcIgnore::All;
   given(pdu, flags, attach, &DtOrbitVCPdu::setAttachId, DtVcIgnore::FirstEntity);
@@ -332,8 +337,9 @@ void DtVistralRemoteController::setGroupMode(const DtGlobalObjectDesignatorList*
   sendGroupPdu(list, radial, heading, pitch, 0);
 }
 
-void DtVistralRemoteController::setWideGroupMode(const DtGlobalObjectDesignatorList* list, const float* radial,
-                                                 const float* heading, const float* pitch) const {
+void DtVistralRemoteController::setWideGroupMode(const DtGlobalObjectDesignatorList* list,
+                                                 const float* radial, const float* heading,
+                                                 const float* pitch) const {
   sendGroupPdu(list, radial, heading, pitch, 1);
 }
 
@@ -367,8 +373,10 @@ void DtVistralRemoteController::sendOptions(Fill fill) const {
   send(pdu);
 }
 
-#define VISTRAL_OPTION(signature, call) \
-  signature { sendOptions([&](DtOptionsPdu& p) { p.call; }); }
+#define VISTRAL_OPTION(signature, call)            \
+  signature {                                      \
+    sendOptions([&](DtOptionsPdu& p) { p.call; }); \
+  }
 
 VISTRAL_OPTION(void DtVistralRemoteController::setStepsize(float size) const, setStepsize(size))
 VISTRAL_OPTION(void DtVistralRemoteController::setTurnrate(float rate) const, setTurnrate(rate))
@@ -376,16 +384,20 @@ VISTRAL_OPTION(void DtVistralRemoteController::increaseStepsize() const, setIncr
 VISTRAL_OPTION(void DtVistralRemoteController::increaseTurnrate() const, setIncrementTurnrate(true))
 VISTRAL_OPTION(void DtVistralRemoteController::decreaseStepsize() const, setDecrementStepsize(true))
 VISTRAL_OPTION(void DtVistralRemoteController::decreaseTurnrate() const, setDecrementTurnrate(true))
-VISTRAL_OPTION(void DtVistralRemoteController::setOverlayEnabled(bool on) const, setOverlay(on ? DtOverlayMinimal : DtOverlayNone))
+VISTRAL_OPTION(void DtVistralRemoteController::setOverlayEnabled(bool on) const,
+               setOverlay(on ? DtOverlayMinimal : DtOverlayNone))
 VISTRAL_OPTION(void DtVistralRemoteController::setSmoothing(DtSmoothingOption s) const, setSmoothing(s))
 VISTRAL_OPTION(void DtVistralRemoteController::setSmoothingPeriod(double v) const, setSmoothingPeriod(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setSoundEnabled(bool on) const, setSound(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setEntityLabelsEnabled(bool on) const, setEntityLabels(on))
-VISTRAL_OPTION(void DtVistralRemoteController::setTrailingEffectsEnabled(bool on) const, setTrailingEffects(on))
+VISTRAL_OPTION(void DtVistralRemoteController::setTrailingEffectsEnabled(bool on) const,
+               setTrailingEffects(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setTrajectoryHistoriesEnabled(bool on) const,
                setTrajectoryHistory(on))
-VISTRAL_OPTION(void DtVistralRemoteController::setAggregateLevel(int level) const, setAggregateLevel(static_cast<unsigned>(level)))
-VISTRAL_OPTION(void DtVistralRemoteController::setAggregateHighestOnly(bool on) const, setAggregateHighestOnly(on))
+VISTRAL_OPTION(void DtVistralRemoteController::setAggregateLevel(int level) const,
+               setAggregateLevel(static_cast<unsigned>(level)))
+VISTRAL_OPTION(void DtVistralRemoteController::setAggregateHighestOnly(bool on) const,
+               setAggregateHighestOnly(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setGroundClampingEnabled(bool on) const, setGroundClamping(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setGroundClampRange(double v) const, setClampRange(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setTimeOfDay(double v) const, setTimeOfDay(v))
@@ -393,16 +405,19 @@ VISTRAL_OPTION(void DtVistralRemoteController::setNearClippingPlane(double v) co
 VISTRAL_OPTION(void DtVistralRemoteController::setFarClippingPlane(double v) const, setFarClip(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setVerticalFieldOfView(double v) const, setFov(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setFogEnabled(bool on) const, setFog(on))
-VISTRAL_OPTION(void DtVistralRemoteController::setDatabaseToLoad(const DtString& s) const, setDatabaseToLoad(s))
+VISTRAL_OPTION(void DtVistralRemoteController::setDatabaseToLoad(const DtString& s) const,
+               setDatabaseToLoad(s))
 VISTRAL_OPTION(void DtVistralRemoteController::setDate(const DtString& s) const, setDate(s))
 VISTRAL_OPTION(void DtVistralRemoteController::exit(), setExit(true))
 VISTRAL_OPTION(void DtVistralRemoteController::setClouds(bool on), setClouds(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setSkyDome(bool on), setSkyDome(on))
-VISTRAL_OPTION(void DtVistralRemoteController::setMirrorMessageEveryFrame(bool on), setMirrorMessageEveryFrame(on))
+VISTRAL_OPTION(void DtVistralRemoteController::setMirrorMessageEveryFrame(bool on),
+               setMirrorMessageEveryFrame(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setMirroring(bool on), setMirroring(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setBroadcasting(bool on), setBroadcasting(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setClusteringLabels(bool on), setClusteringLabels(on))
-VISTRAL_OPTION(void DtVistralRemoteController::setTacticalGraphicsLabels(bool on), setTacticalGraphicsLabels(on))
+VISTRAL_OPTION(void DtVistralRemoteController::setTacticalGraphicsLabels(bool on),
+               setTacticalGraphicsLabels(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setShowAggregates(bool on), setShowAggregates(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setShowEmitters(bool on), setShowEmitters(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setXr(bool on), setXREnabled(on))
@@ -410,17 +425,22 @@ VISTRAL_OPTION(void DtVistralRemoteController::setHatLabels(bool on), setHATenab
 VISTRAL_OPTION(void DtVistralRemoteController::setCurrentModelSet(const DtString& s), setCurrentModelSet(s))
 VISTRAL_OPTION(void DtVistralRemoteController::setNextModelSet(), setShowNextModelSet(true))
 VISTRAL_OPTION(void DtVistralRemoteController::setPrevModelSet(), setShowPrevModelSet(true))
-VISTRAL_OPTION(void DtVistralRemoteController::setCurrentTextureSet(const DtString& s), setCurrentTextureSet(s))
+VISTRAL_OPTION(void DtVistralRemoteController::setCurrentTextureSet(const DtString& s),
+               setCurrentTextureSet(s))
 VISTRAL_OPTION(void DtVistralRemoteController::setNextTextureSet(), setShowNextTextureSet(true))
 VISTRAL_OPTION(void DtVistralRemoteController::setPrevTextureSet(), setShowPrevTextureSet(true))
 VISTRAL_OPTION(void DtVistralRemoteController::setTerrainScale(double v), setTerrainScale(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setObjectScale(double v), setObjectScale(v))
-VISTRAL_OPTION(void DtVistralRemoteController::startVideoRecording(), setVideoCaptureCommand(DtVistralControlVideoCaptureRecord))
-VISTRAL_OPTION(void DtVistralRemoteController::stopVideoRecording(), setVideoCaptureCommand(DtVistralControlVideoCaptureStop))
-VISTRAL_OPTION(void DtVistralRemoteController::pauseVideoRecording(), setVideoCaptureCommand(DtVistralControlVideoCapturePause))
+VISTRAL_OPTION(void DtVistralRemoteController::startVideoRecording(),
+               setVideoCaptureCommand(DtVistralControlVideoCaptureRecord))
+VISTRAL_OPTION(void DtVistralRemoteController::stopVideoRecording(),
+               setVideoCaptureCommand(DtVistralControlVideoCaptureStop))
+VISTRAL_OPTION(void DtVistralRemoteController::pauseVideoRecording(),
+               setVideoCaptureCommand(DtVistralControlVideoCapturePause))
 VISTRAL_OPTION(void DtVistralRemoteController::unpauseVideoRecording(),
                setVideoCaptureCommand(DtVistralControlVideoCaptureUnpause))
-VISTRAL_OPTION(void DtVistralRemoteController::setVideoCaptureRecordInsets(bool on), setVideoCaptureRecordInsets(on))
+VISTRAL_OPTION(void DtVistralRemoteController::setVideoCaptureRecordInsets(bool on),
+               setVideoCaptureRecordInsets(on))
 VISTRAL_OPTION(void DtVistralRemoteController::setVideoCaptureFramesPerSecond(int fps),
                setVideoCaptureFramesPerSecond(fps))
 VISTRAL_OPTION(void DtVistralRemoteController::setVideoCaptureFilenameBase(const DtString& s),
@@ -433,7 +453,8 @@ VISTRAL_OPTION(void DtVistralRemoteController::setConstrainViewToAll(bool on), s
 VISTRAL_OPTION(void DtVistralRemoteController::setBlockedDistance(double v), setBlockedDistance(v))
 VISTRAL_OPTION(void DtVistralRemoteController::setUseNearClipForBlockedDistance(bool on),
                setUseNearClipForBlockedDistance(on))
-VISTRAL_OPTION(void DtVistralRemoteController::clearFeatures(), setFeatureCommand(DtVistralControlFeatureClear))
+VISTRAL_OPTION(void DtVistralRemoteController::clearFeatures(),
+               setFeatureCommand(DtVistralControlFeatureClear))
 
 #undef VISTRAL_OPTION
 
@@ -475,7 +496,8 @@ void DtVistralRemoteController::send(const DtVistralControlPdu& pdu) const {
 }
 
 void DtVistralRemoteController::processVistralControlCb(DtVistralControlInteraction* inter, void* usr) {
-  if (inter != nullptr && usr != nullptr) static_cast<const DtVistralRemoteController*>(usr)->processVistralControl(inter);
+  if (inter != nullptr && usr != nullptr)
+    static_cast<const DtVistralRemoteController*>(usr)->processVistralControl(inter);
 }
 
 void DtVistralRemoteController::processVistralControl(DtVistralControlInteraction* inter) const {
