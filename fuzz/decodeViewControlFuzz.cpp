@@ -1,6 +1,7 @@
 // Arbitrary bytes as the received value of "ViewControlPdu": through the registered decoder, as a whole value
 // and split into two values of one interaction (the second then replaces the first), then every accessor,
-// the dump and the text form of the PDU that comes back, and a copy of the interaction.
+// the dump and the text form of the PDU that comes back, a copy of the interaction, and a remote controller
+// hearing it.
 #include <algorithm>
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include "tarvex/dtParameterSet.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vistralControlRegister.h"
+#include "vistralcontrol/vistralRemoteController.h"
 
 namespace {
 struct Receiver {
@@ -23,7 +25,28 @@ struct Receiver {
   DtInteractionDecoder* decoder = nullptr;
 };
 
-void examine(const DtVistralControlInteraction& inter) {
+void heard(const DtVistralControlPdu& pdu, void*) { fuzz::readEverything(pdu); }
+
+// A controller hearing the decoded interaction, with callbacks for every viewer, for its own target, and for
+// the id a received PDU is most likely to carry (empty), own commands both dropped and heard.
+struct Listener {
+  Listener() : controller(&sender, "vistral-1") {
+    controller.addViewModeChangeCallback(&heard, nullptr, DtVistralRemoteController::SEND_TO_ALL);
+    controller.addViewModeChangeCallback(&heard, nullptr, "vistral-1");
+    controller.addViewModeChangeCallback(&heard, nullptr, "");
+  }
+  struct : DtCustomRemoteControlSender {
+    void sendPdu(const unsigned char*, int) override {}
+  } sender;
+  DtVistralRemoteController controller;
+};
+
+void examine(DtVistralControlInteraction& inter) {
+  static Listener listener;
+  listener.controller.setIgnoreCommandsSentFromUs(true);
+  listener.controller.processVistralControl(&inter);
+  listener.controller.setIgnoreCommandsSentFromUs(false);
+  listener.controller.processVistralControl(&inter);
   inter.printData();
   if (const DtVistralControlPdu* pdu = inter.vcPdu()) fuzz::readEverything(*pdu);
   const DtVistralControlInteraction copy(inter);
