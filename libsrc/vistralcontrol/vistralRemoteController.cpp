@@ -21,24 +21,13 @@
 #include "vistralcontrol/trackVcPdu.h"
 
 namespace {
-// One command being built: every field starts ignored, and each field the caller gave is written and its
-// ignore bits cleared.
-template <class Pdu>
-struct Command {
-  template <class T, class Setter>
-  Command& given(const T* value, Setter setter, unsigned long bits) {
-    if (value == nullptr) return *this;
-    (pdu.*setter)(*value);
-    flags &= ~bits;
-    return *this;
-  }
-  void sendBy(const DtVistralRemoteController& controller) {
-    pdu.setIgnoreFlags(flags);
-    controller.send(pdu);
-  }
-  Pdu pdu;
-  unsigned long flags = DtVcIgnore::All;
-};
+// Writes a field the caller gave and clears its ignore bits; a field not given stays unset and ignored.
+template <class Pdu, class T, class Setter>
+void given(Pdu& pdu, unsigned long& flags, const T* value, Setter setter, unsigned long bits) {
+  if (value == nullptr) return;
+  (pdu.*setter)(*value);
+  flags &= ~bits;
+}
 
 // Fills the list of a modeless or group PDU: entries to add are the list's names.
 template <class Pdu>
@@ -196,10 +185,12 @@ void DtVistralRemoteController::turnEyepoint(Direction direction) const {
 
 void DtVistralRemoteController::set(const DtVector64* position, const DtTaitBryan* orientation) const {
   if (position == nullptr && orientation == nullptr) return;
-  Command<DtMoveVCPdu>()
-      .given(position, &DtMoveVCPdu::setPosition, DtVcIgnore::Position)
-      .given(orientation, &DtMoveVCPdu::setOrientation, DtVcIgnore::Orientation)
-      .sendBy(*this);
+  DtMoveVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, position, &DtMoveVCPdu::setPosition, DtVcIgnore::Position);
+  given(pdu, flags, orientation, &DtMoveVCPdu::setOrientation, DtVcIgnore::Orientation);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setMode(DtViewerCommand mode, const DtVector64* position,
@@ -234,91 +225,111 @@ void DtVistralRemoteController::setMode(DtViewerCommand mode, const DtVector64* 
 
 void DtVistralRemoteController::setAbsoluteMode(const DtVector64* location,
                                                 const DtTaitBryan* orientation) const {
-  Command<DtAbsoluteVCPdu>()
-      .given(location, &DtAbsoluteVCPdu::setWorldLocation, DtVcIgnore::Position)
-      .given(orientation, &DtAbsoluteVCPdu::setOrientation, DtVcIgnore::Orientation)
-      .sendBy(*this);
+  DtAbsoluteVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, location, &DtAbsoluteVCPdu::setWorldLocation, DtVcIgnore::Position);
+  given(pdu, flags, orientation, &DtAbsoluteVCPdu::setOrientation, DtVcIgnore::Orientation);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setCompassMode(const DtString* attach, const float* radius,
                                                const float* bodyHeading, const float* pitch) const {
-  Command<DtCompassVCPdu>()
-      .given(attach, &DtCompassVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(radius, &DtCompassVCPdu::setRadius, DtVcIgnore::Radius)
-      .given(bodyHeading, &DtCompassVCPdu::setBodyHeading, DtVcIgnore::BodyHeading)
-      .given(pitch, &DtCompassVCPdu::setPitch, DtVcIgnore::Pitch)
-      .sendBy(*this);
+  DtCompassVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtCompassVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, radius, &DtCompassVCPdu::setRadius, DtVcIgnore::Radius);
+  given(pdu, flags, bodyHeading, &DtCompassVCPdu::setBodyHeading, DtVcIgnore::BodyHeading);
+  given(pdu, flags, pitch, &DtCompassVCPdu::setPitch, DtVcIgnore::Pitch);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setMimicMode(const DtString* attach, const DtVector64* offset) const {
-  Command<DtMimicVCPdu>()
-      .given(attach, &DtMimicVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(offset, &DtMimicVCPdu::setOffset, DtVcIgnore::AttachOffset)
-      .sendBy(*this);
+  DtMimicVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtMimicVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, offset, &DtMimicVCPdu::setOffset, DtVcIgnore::AttachOffset);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setTurretMode(const DtString* attach, const DtVector64* offset) const {
-  Command<DtOffsetMimicVCPdu>()
-      .given(attach, &DtOffsetMimicVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(offset, &DtOffsetMimicVCPdu::setOffset, DtVcIgnore::AttachOffset)
-      .sendBy(*this);
+  DtOffsetMimicVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtOffsetMimicVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, offset, &DtOffsetMimicVCPdu::setOffset, DtVcIgnore::AttachOffset);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setOrbitMode(const DtString* attach, const float* radius,
                                              const float* heading, const float* pitch,
                                              const float* azimuthRate) const {
-  Command<DtOrbitVCPdu>()
-      .given(attach, &DtOrbitVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(radius, &DtOrbitVCPdu::setRadius, DtVcIgnore::Radius)
-      .given(heading, &DtOrbitVCPdu::setHeading, DtVcIgnore::Heading)
-      .given(pitch, &DtOrbitVCPdu::setPitch, DtVcIgnore::Pitch)
-      .given(azimuthRate, &DtOrbitVCPdu::setAzimuthRate, DtVcIgnore::AzimuthRate)
-      .sendBy(*this);
+  DtOrbitVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtOrbitVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, radius, &DtOrbitVCPdu::setRadius, DtVcIgnore::Radius);
+  given(pdu, flags, heading, &DtOrbitVCPdu::setHeading, DtVcIgnore::Heading);
+  given(pdu, flags, pitch, &DtOrbitVCPdu::setPitch, DtVcIgnore::Pitch);
+  given(pdu, flags, azimuthRate, &DtOrbitVCPdu::setAzimuthRate, DtVcIgnore::AzimuthRate);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setPivotMode(const DtVector64* pivot, const float* radius,
                                              const float* bodyHeading, const float* pitch) const {
-  Command<DtPivotVCPdu>()
-      .given(pivot, &DtPivotVCPdu::setPivotPoint, DtVcIgnore::Position)
-      .given(radius, &DtPivotVCPdu::setRadius, DtVcIgnore::Radius)
-      .given(bodyHeading, &DtPivotVCPdu::setBodyHeading, DtVcIgnore::BodyHeading)
-      .given(pitch, &DtPivotVCPdu::setPitch, DtVcIgnore::Pitch)
-      .sendBy(*this);
+  DtPivotVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, pivot, &DtPivotVCPdu::setPivotPoint, DtVcIgnore::Position);
+  given(pdu, flags, radius, &DtPivotVCPdu::setRadius, DtVcIgnore::Radius);
+  given(pdu, flags, bodyHeading, &DtPivotVCPdu::setBodyHeading, DtVcIgnore::BodyHeading);
+  given(pdu, flags, pitch, &DtPivotVCPdu::setPitch, DtVcIgnore::Pitch);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setTetherMode(const DtString* attach, const DtVector64* offset,
                                               const DtTaitBryan* orientation) const {
-  Command<DtTetherVCPdu>()
-      .given(attach, &DtTetherVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(offset, &DtTetherVCPdu::setTopoUpOffset, DtVcIgnore::TetherOffset)
-      .given(orientation, &DtTetherVCPdu::setOrientation, DtVcIgnore::Orientation)
-      .sendBy(*this);
+  DtTetherVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtTetherVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, offset, &DtTetherVCPdu::setTopoUpOffset, DtVcIgnore::TetherOffset);
+  given(pdu, flags, orientation, &DtTetherVCPdu::setOrientation, DtVcIgnore::Orientation);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setTrackMode(const DtString* track, const DtVector64* location) const {
-  Command<DtTrackVCPdu>()
-      .given(track, &DtTrackVCPdu::setTrackId, DtVcIgnore::FirstEntity)
-      .given(location, &DtTrackVCPdu::setWorldLocation, DtVcIgnore::Position)
-      .sendBy(*this);
+  DtTrackVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, track, &DtTrackVCPdu::setTrackId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, location, &DtTrackVCPdu::setWorldLocation, DtVcIgnore::Position);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setMimicTrackMode(const DtString* attach, const DtString* track,
                                                   const DtVector64* offset) const {
-  Command<DtMimicTrackVCPdu>()
-      .given(attach, &DtMimicTrackVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(track, &DtMimicTrackVCPdu::setTrackId, DtVcIgnore::SecondEntity)
-      // Mimic-track's offset is a position, unlike the attach offset of the other mimic modes.
-      .given(offset, &DtMimicTrackVCPdu::setOffset, DtVcIgnore::Position)
-      .sendBy(*this);
+  DtMimicTrackVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtMimicTrackVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, track, &DtMimicTrackVCPdu::setTrackId, DtVcIgnore::SecondEntity);
+  // Mimic-track's offset is a position, unlike the attach offset of the other mimic modes.
+  given(pdu, flags, offset, &DtMimicTrackVCPdu::setOffset, DtVcIgnore::Position);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setTetherTrackMode(const DtString* attach, const DtString* track,
                                                    const DtVector64* offset) const {
-  Command<DtTetherTrackVCPdu>()
-      .given(attach, &DtTetherTrackVCPdu::setAttachId, DtVcIgnore::FirstEntity)
-      .given(track, &DtTetherTrackVCPdu::setTrackId, DtVcIgnore::SecondEntity)
-      .given(offset, &DtTetherTrackVCPdu::setOffset, DtVcIgnore::AttachOffset)
-      .sendBy(*this);
+  DtTetherTrackVCPdu pdu;
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, attach, &DtTetherTrackVCPdu::setAttachId, DtVcIgnore::FirstEntity);
+  given(pdu, flags, track, &DtTetherTrackVCPdu::setTrackId, DtVcIgnore::SecondEntity);
+  given(pdu, flags, offset, &DtTetherTrackVCPdu::setOffset, DtVcIgnore::AttachOffset);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 void DtVistralRemoteController::setGroupMode(const DtGlobalObjectDesignatorList* list, const float* radial,
@@ -334,12 +345,12 @@ void DtVistralRemoteController::setWideGroupMode(const DtGlobalObjectDesignatorL
 
 void DtVistralRemoteController::sendGroupPdu(const DtGlobalObjectDesignatorList* list, const float* radial,
                                              const float* heading, const float* pitch, int wide) const {
-  Command<DtGroupVCPdu> command;
-  DtGroupVCPdu& pdu = command.pdu;
+  DtGroupVCPdu pdu;
   pdu.setGroupCmd(wide);
-  command.given(radial, &DtGroupVCPdu::setRadialOffset, DtVcIgnore::GroupRadialOffset)
-      .given(heading, &DtGroupVCPdu::setHeadingOffset, DtVcIgnore::GroupHeadingOffset)
-      .given(pitch, &DtGroupVCPdu::setPitchOffset, DtVcIgnore::GroupPitchOffset);
+  unsigned long flags = DtVcIgnore::All;
+  given(pdu, flags, radial, &DtGroupVCPdu::setRadialOffset, DtVcIgnore::GroupRadialOffset);
+  given(pdu, flags, heading, &DtGroupVCPdu::setHeadingOffset, DtVcIgnore::GroupHeadingOffset);
+  given(pdu, flags, pitch, &DtGroupVCPdu::setPitchOffset, DtVcIgnore::GroupPitchOffset);
   if (list != nullptr) {
     setEntitiesToAdd(pdu, *list);
     pdu.setNumEntitiesToRemove(-1);
@@ -347,7 +358,8 @@ void DtVistralRemoteController::sendGroupPdu(const DtGlobalObjectDesignatorList*
     pdu.setNumEntitiesToAdd(0);
     pdu.setNumEntitiesToRemove(0);
   }
-  command.sendBy(*this);
+  pdu.setIgnoreFlags(flags);
+  send(pdu);
 }
 
 // ---------------------------------------------------------------------------------------------------------
