@@ -78,6 +78,11 @@ TEST(Pdu, ResizingKeepsTheLengthFieldTrue) {
 
   DtPdu copy(pdu);
   EXPECT_EQ(bytesAt(copy.packet(), 0, 18), bytesAt(pdu.packet(), 0, 18));
+  // A length field written directly never claims more bytes than packet() has behind it.
+  copy.setU16At(8, 60000);
+  EXPECT_EQ(copy.length(), 60000);
+  EXPECT_EQ(bytesAt(copy.packet(), 59990, 10), Bytes(10, 0));
+  EXPECT_EQ(bytesAt(copy.packet(), 12, 6), bytesAt(pdu.packet(), 12, 6));
   EXPECT_FALSE(pdu.changeSize(DtPdu::kMaxLength + 1));
   EXPECT_FALSE(pdu.insertBytes(19, 1));  // offset past the image
   EXPECT_FALSE(pdu.insertBytes(12, -1));

@@ -138,6 +138,7 @@ class TARVEX_EXPORT DtPdu {
   template <typename T, int Width>
   void write(int offset, T value, void (*store)(unsigned char*, T)) {
     if (unsigned char* p = writable(offset, Width)) store(p, value);
+    if (touchesLengthField(offset, Width)) coverStatedLength();
   }
   const unsigned char* readable(int offset, int width) const {
     return offset >= 0 && width >= 0 && offset <= extent_ - width ? data() + offset : nullptr;
@@ -147,6 +148,12 @@ class TARVEX_EXPORT DtPdu {
     return writableBeyondExtent(offset, width);
   }
   unsigned char* writableBeyondExtent(int offset, int width);
+  static constexpr bool touchesLengthField(int offset, int width) {
+    return offset < kLengthOffset + 2 && offset + width > kLengthOffset;
+  }
+  // After a write to the length field: the image grows (zero-filled) to what the field now states, so that
+  // packet() always has length() bytes behind it.
+  void coverStatedLength();
   bool reserve(int bytes);
   void setLengthField(int length);
   void copyFrom(const DtPdu& other);

@@ -35,7 +35,9 @@ bool DtPdu::reserve(int bytes) {
   return true;
 }
 
-void DtPdu::setLengthField(int length) { DtWire::storeU16(data() + kLengthOffset, static_cast<std::uint16_t>(length)); }
+void DtPdu::setLengthField(int length) {
+  DtWire::storeU16(data() + kLengthOffset, static_cast<std::uint16_t>(length));
+}
 
 void DtPdu::initPdu(int length, DtBufferPlaceHolder* /*holder*/) {
   const int size = std::clamp(length, kHeaderSize, kMaxLength);
@@ -138,9 +140,7 @@ void DtPdu::setF32VectorAt(int offset, const DtVector64& v) {
   setF32At(offset + 4, static_cast<float>(v.y()));
   setF32At(offset + 8, static_cast<float>(v.z()));
 }
-DtTaitBryan DtPdu::eulerAt(int offset) const {
-  return {f32At(offset), f32At(offset + 4), f32At(offset + 8)};
-}
+DtTaitBryan DtPdu::eulerAt(int offset) const { return {f32At(offset), f32At(offset + 4), f32At(offset + 8)}; }
 void DtPdu::setEulerAt(int offset, const DtTaitBryan& a) {
   setF32At(offset, static_cast<float>(a.psi()));
   setF32At(offset + 4, static_cast<float>(a.theta()));
@@ -162,6 +162,7 @@ DtString DtPdu::designatorAt(int offset) const {
 void DtPdu::setDesignatorAt(int offset, const DtString& name) {
   if (unsigned char* p = writable(offset, DtNetGlobalObjectDesignator::kWidth))
     DtNetGlobalObjectDesignator::assign(p, name.c_str());
+  if (touchesLengthField(offset, DtNetGlobalObjectDesignator::kWidth)) coverStatedLength();
 }
 
 void DtPdu::setTextAt(int offset, int width, const char* text) {
@@ -170,6 +171,7 @@ void DtPdu::setTextAt(int offset, int width, const char* text) {
   const std::size_t n = text ? strnlen(text, static_cast<std::size_t>(width)) : 0;
   if (n > 0) std::memcpy(p, text, n);
   std::memset(p + n, 0, static_cast<std::size_t>(width) - n);
+  if (touchesLengthField(offset, width)) coverStatedLength();
 }
 
 DtString DtPdu::textAt(int offset) const {
@@ -181,6 +183,14 @@ DtString DtPdu::textAt(int offset) const {
 void DtPdu::setBytesAt(int offset, const void* bytes, int count) {
   if (bytes == nullptr || count <= 0) return;
   if (unsigned char* p = writable(offset, count)) std::memcpy(p, bytes, static_cast<std::size_t>(count));
+  if (touchesLengthField(offset, count)) coverStatedLength();
+}
+
+void DtPdu::coverStatedLength() {
+  const int stated = length();
+  if (stated <= extent_ || !reserve(stated)) return;
+  std::memset(data() + extent_, 0, static_cast<std::size_t>(stated - extent_));
+  extent_ = stated;
 }
 
 void DtPdu::copyBytesAt(int offset, void* out, int count) const {
@@ -189,5 +199,6 @@ void DtPdu::copyBytesAt(int offset, void* out, int count) const {
   std::memset(dst, 0, static_cast<std::size_t>(count));
   const int first = std::max(offset, 0);
   const long long last = std::min<long long>(static_cast<long long>(offset) + count, extent_);
-  if (last > first) std::memcpy(dst + (first - offset), data() + first, static_cast<std::size_t>(last - first));
+  if (last > first)
+    std::memcpy(dst + (first - offset), data() + first, static_cast<std::size_t>(last - first));
 }
