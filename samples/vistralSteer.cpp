@@ -205,47 +205,39 @@ std::vector<SubCommand> subCommands() {
   add("decrease-stepsize", "", 0, 0, [](Controller& c, const Args&) { c.decreaseStepsize(); });
   add("decrease-turnrate", "", 0, 0, [](Controller& c, const Args&) { c.decreaseTurnrate(); });
   // Viewer options.
-  const auto onOff = [&add](const char* name, void (Controller::*op)(bool)) {
+  // Each takes a controller operation, const or not, of one argument of its kind.
+  const auto onOff = [&add](const char* name, auto op) {
     add(name, "on|off", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.flag(0)); });
   };
-  const auto onOffConst = [&add](const char* name, void (Controller::*op)(bool) const) {
-    add(name, "on|off", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.flag(0)); });
-  };
-  const auto number = [&add](const char* name, void (Controller::*op)(double)) {
+  const auto number = [&add](const char* name, auto op) {
     add(name, "VALUE", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.number(0)); });
   };
-  const auto numberConst = [&add](const char* name, void (Controller::*op)(double) const) {
-    add(name, "VALUE", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.number(0)); });
-  };
-  const auto text = [&add](const char* name, void (Controller::*op)(const DtString&)) {
-    add(name, "TEXT", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.text(0)); });
-  };
-  const auto textConst = [&add](const char* name, void (Controller::*op)(const DtString&) const) {
+  const auto text = [&add](const char* name, auto op) {
     add(name, "TEXT", 1, 1, [op](Controller& c, const Args& a) { (c.*op)(a.text(0)); });
   };
   const auto action = [&add](const char* name, void (Controller::*op)()) {
     add(name, "", 0, 0, [op](Controller& c, const Args&) { (c.*op)(); });
   };
-  onOffConst("overlay", &Controller::setOverlayEnabled);
+  onOff("overlay", &Controller::setOverlayEnabled);
   add("smoothing", "OPTION-NUMBER", 1, 1,
       [](Controller& c, const Args& a) { c.setSmoothing(static_cast<DtSmoothingOption>(a.integer(0))); });
-  numberConst("smoothing-period", &Controller::setSmoothingPeriod);
-  onOffConst("sound", &Controller::setSoundEnabled);
-  onOffConst("entity-labels", &Controller::setEntityLabelsEnabled);
-  onOffConst("trailing-effects", &Controller::setTrailingEffectsEnabled);
-  onOffConst("trajectory-histories", &Controller::setTrajectoryHistoriesEnabled);
+  number("smoothing-period", &Controller::setSmoothingPeriod);
+  onOff("sound", &Controller::setSoundEnabled);
+  onOff("entity-labels", &Controller::setEntityLabelsEnabled);
+  onOff("trailing-effects", &Controller::setTrailingEffectsEnabled);
+  onOff("trajectory-histories", &Controller::setTrajectoryHistoriesEnabled);
   add("aggregate-level", "LEVEL", 1, 1,
       [](Controller& c, const Args& a) { c.setAggregateLevel(a.integer(0)); });
-  onOffConst("aggregate-highest-only", &Controller::setAggregateHighestOnly);
-  onOffConst("ground-clamping", &Controller::setGroundClampingEnabled);
-  numberConst("ground-clamp-range", &Controller::setGroundClampRange);
-  numberConst("time-of-day", &Controller::setTimeOfDay);
-  numberConst("near-clip", &Controller::setNearClippingPlane);
-  numberConst("far-clip", &Controller::setFarClippingPlane);
-  numberConst("fov", &Controller::setVerticalFieldOfView);
-  onOffConst("fog", &Controller::setFogEnabled);
-  textConst("database", &Controller::setDatabaseToLoad);
-  textConst("date", &Controller::setDate);
+  onOff("aggregate-highest-only", &Controller::setAggregateHighestOnly);
+  onOff("ground-clamping", &Controller::setGroundClampingEnabled);
+  number("ground-clamp-range", &Controller::setGroundClampRange);
+  number("time-of-day", &Controller::setTimeOfDay);
+  number("near-clip", &Controller::setNearClippingPlane);
+  number("far-clip", &Controller::setFarClippingPlane);
+  number("fov", &Controller::setVerticalFieldOfView);
+  onOff("fog", &Controller::setFogEnabled);
+  text("database", &Controller::setDatabaseToLoad);
+  text("date", &Controller::setDate);
   action("exit", &Controller::exit);
   onOff("clouds", &Controller::setClouds);
   onOff("sky-dome", &Controller::setSkyDome);

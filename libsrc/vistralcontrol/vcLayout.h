@@ -23,31 +23,36 @@ static_assert(Fixed::senderId + kNameWidth + 6 == Fixed::command, "reserved byte
 static_assert(Fixed::bodyStart == 156, "view-control bodies start at 156");
 
 struct Absolute {
-  static constexpr int location = 160;  // 3 x f64; 156..159 padding
+  static constexpr int location = 160;               // 3 x f64; 156..159 padding
   static constexpr int orientation = location + 24;  // 3 x f32 psi, theta, phi
   static constexpr int length = orientation + 12;
 };
 static_assert(Absolute::length == 196, "absolute PDU is 196 bytes");
 
 struct Move {
-  static constexpr int turn = 156;   // u8
-  static constexpr int move = 157;   // u8
-  static constexpr int reset = 158;  // u8; 159 padding
-  static constexpr int position = 160;  // 3 x f64
+  static constexpr int turn = 156;                   // u8
+  static constexpr int move = 157;                   // u8
+  static constexpr int reset = 158;                  // u8; 159 padding
+  static constexpr int position = 160;               // 3 x f64
   static constexpr int orientation = position + 24;  // 3 x f64 psi, theta, phi
   static constexpr int length = orientation + 24;
 };
 static_assert(Move::length == 208, "move PDU is 208 bytes");
 
 // Orbit, compass and pivot: six or seven angles and distances as f32, then the attach target or the point.
-struct Compass {
+// The six f32 fields that open the compass and pivot bodies at the same offsets.
+struct BodyAngles {
   static constexpr int radius = 156;
   static constexpr int bodyHeading = 160;
   static constexpr int pitch = 164;
   static constexpr int headingOffset = 168;
   static constexpr int pitchOffset = 172;
   static constexpr int roll = 176;
-  static constexpr int attachId = 180;
+  static constexpr int end = roll + 4;
+};
+
+struct Compass : BodyAngles {
+  static constexpr int attachId = end;
   static constexpr int markingText = attachId + kNameWidth;
   static constexpr int length = markingText + kNameWidth;
 };
@@ -67,14 +72,8 @@ struct Orbit {
 };
 static_assert(Orbit::length == 312, "orbit PDU is 312 bytes");
 
-struct Pivot {
-  static constexpr int radius = 156;
-  static constexpr int bodyHeading = 160;
-  static constexpr int pitch = 164;
-  static constexpr int headingOffset = 168;
-  static constexpr int pitchOffset = 172;
-  static constexpr int roll = 176;
-  static constexpr int pivotPoint = 180;  // 3 x f64, packed: not aligned to eight
+struct Pivot : BodyAngles {
+  static constexpr int pivotPoint = end;  // 3 x f64, packed: not aligned to eight
   static constexpr int length = pivotPoint + 24;
 };
 static_assert(Pivot::length == 204, "pivot PDU is 204 bytes");
