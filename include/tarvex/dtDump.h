@@ -11,6 +11,8 @@ TARVEX_EXPORT void DtDumpString(const char* label, const char* text);
 TARVEX_EXPORT void DtDumpEnum(const char* label, const char* text, long long value);
 // Two lowercase hex digits per byte, separated by blanks.
 TARVEX_EXPORT void DtDumpHexBytes(const char* label, const void* bytes, int count);
+// A 32-bit word in hexadecimal: "0x%08x".
+TARVEX_EXPORT void DtDumpHexWord(const char* label, unsigned long value);
 // "%f"
 TARVEX_EXPORT void DtDumpFloat(const char* label, double value);
 TARVEX_EXPORT void DtDumpInteger(const char* label, long long value);

@@ -116,6 +116,10 @@ class TARVEX_EXPORT DtPdu {
   // Zero-terminated text starting at offset; an unterminated field reads on into the bytes after it, up to
   // the end of the initialised image.
   DtString textAt(int offset) const;
+  // Text of at most maxLength bytes at offset, ending early at a zero byte or at the initialised image's end.
+  DtString textAt(int offset, long long maxLength) const;
+  // The image's bytes [offset, offset + width) in place, or null when they are not all initialised.
+  const unsigned char* bytesAt(int offset, int width) const { return readable(offset, width); }
 
   // Copies raw bytes into the image at offset, under the same rule as the other writes.
   void setBytesAt(int offset, const void* bytes, int count);

@@ -34,6 +34,12 @@ void DtDumpHexBytes(const char* label, const void* bytes, int count) {
   out << '\n';
 }
 
+void DtDumpHexWord(const char* label, unsigned long value) {
+  char word[16];
+  std::snprintf(word, sizeof word, "0x%08lx", value & 0xFFFFFFFFUL);
+  line(label) << word << '\n';
+}
+
 void DtDumpFloat(const char* label, double value) {
   char number[400];
   std::snprintf(number, sizeof number, "%f", value);

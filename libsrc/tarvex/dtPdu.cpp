@@ -180,6 +180,13 @@ DtString DtPdu::textAt(int offset) const {
   return DtString(start, strnlen(start, static_cast<std::size_t>(extent_ - offset)));
 }
 
+DtString DtPdu::textAt(int offset, long long maxLength) const {
+  if (offset < 0 || offset >= extent_ || maxLength <= 0) return DtString("");
+  const auto* start = reinterpret_cast<const char*>(data() + offset);
+  const auto room = static_cast<std::size_t>(std::min<long long>(maxLength, extent_ - offset));
+  return DtString(start, strnlen(start, room));
+}
+
 void DtPdu::setBytesAt(int offset, const void* bytes, int count) {
   if (bytes == nullptr || count <= 0) return;
   if (unsigned char* p = writable(offset, count)) std::memcpy(p, bytes, static_cast<std::size_t>(count));

@@ -13,6 +13,13 @@ Writer::Writer(char* buffer, int size) : buffer_(buffer), size_(size) {
   if (size_ > 0) buffer_[0] = '\0';
 }
 
+Writer Writer::continuing(char* buffer, int size) {
+  Writer out(buffer, 0);
+  out.size_ = size;
+  out.used_ = size > 0 ? static_cast<int>(strnlen(buffer, static_cast<std::size_t>(size - 1))) : 0;
+  return out;
+}
+
 void Writer::append(const char* format, ...) {
   if (full()) return;
   va_list args;

@@ -16,6 +16,8 @@ namespace VcText {
 class Writer {
  public:
   Writer(char* buffer, int size);  // starts with an empty text
+  // Continues the text the buffer already holds (a base class's part of a text form).
+  static Writer continuing(char* buffer, int size);
   void append(const char* format, ...)
 #if defined(__GNUC__)
       __attribute__((format(printf, 2, 3)))

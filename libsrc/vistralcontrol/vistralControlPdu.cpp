@@ -22,6 +22,16 @@
 #include "vistralcontrol/tetherTrackVcPdu.h"
 #include "vistralcontrol/tetherVcPdu.h"
 #include "vistralcontrol/trackVcPdu.h"
+#include "vistralcontrol/vdcAreaPdu.h"
+#include "vistralcontrol/vdcAttributePdu.h"
+#include "vistralcontrol/vdcAttributeUpdatePdu.h"
+#include "vistralcontrol/vdcCommandPdu.h"
+#include "vistralcontrol/vdcLayerPdu.h"
+#include "vistralcontrol/vdcLinePdu.h"
+#include "vistralcontrol/vdcPolyObjectPdu.h"
+#include "vistralcontrol/vdcTextPdu.h"
+#include "vistralcontrol/vdcTrianglePdu.h"
+#include "vistralcontrol/vistralDrawControlPdu.h"
 
 using VcLayout::Fixed;
 
@@ -222,20 +232,39 @@ const ViewRow* viewRow(int command, bool* status) {
   return !*status || row->hasStatusForm ? row : nullptr;
 }
 
-// Draw-control rows by viewer command, current and version-0 layouts.
+// The two draw-control receive tables in one: by viewer command, the class built in the current layout and
+// the class built in version 0. 2530 is read as a plain line in the current layout, which carries segments
+// itself.
 struct DrawRow {
   int command;
-  FromImage fromImage;
+  FromImage current;
+  FromImage v0;
 };
-constexpr std::array<DrawRow, 0> kDrawTableCurrent{};
-constexpr std::array<DrawRow, 0> kDrawTableV0{};
+constexpr DrawRow kDrawTable[] = {
+    // rows for DtVcDrawCommand and its family
 
-template <std::size_t N>
-DtPdu* buildDraw(const std::array<DrawRow, N>& table, const DtNetViewControlPdu* image,
-                 DtBufferPlaceHolder* holder) {
+    {DtVcDrawLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcLinePduV0>},
+    {DtVcDrawSegmentedLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcSegmentedLinePduV0>},
+
+    // rows for DtVcDrawPolyObject and its family
+
+    // rows for DtVcDrawTriangle and its family
+
+    // rows for DtVcDrawArea and its family
+
+    // rows for DtVcDrawText and its family
+
+    // rows for DtVcDrawAttribute and its family
+
+    // rows for DtVcDrawAttributeUpdate and its family
+
+    // rows for DtVcDrawLayer and its family
+};
+
+DtPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder) {
   const int command = DtWire::loadU16(bytesOf(image) + Fixed::command);
-  for (const DrawRow& row : table) {
-    if (row.command == command) return row.fromImage(image, holder, nullptr);
+  for (const DrawRow& row : kDrawTable) {
+    if (row.command == command) return (row.*layout)(image, holder, nullptr);
   }
   return nullptr;
 }
@@ -281,13 +310,13 @@ DtPdu* DtVistralControlPdu::createDrawControl(DtNetViewControlPdu* image, DtBuff
 DtPdu* DtVistralControlPdu::createDrawControlCurrent(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                                      DtPduFactory* /*factory*/) {
   if (image == nullptr) return nullptr;
-  return buildDraw(kDrawTableCurrent, image, holder);
+  return buildDraw(&DrawRow::current, image, holder);
 }
 
 DtPdu* DtVistralControlPdu::createDrawControlV0(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                                 DtPduFactory* /*factory*/) {
   if (image == nullptr) return nullptr;
-  return buildDraw(kDrawTableV0, image, holder);
+  return buildDraw(&DrawRow::v0, image, holder);
 }
 
 int DtVistralControlPdu::drawControlParamVersion(const DtNetViewControlPdu* image) {
@@ -305,8 +334,6 @@ DtVistralControlPdu* DtNewViewControlPdu(DtViewerCommand command) {
   if (status) pdu->setStatusCommand(true);
   return pdu;
 }
-
-DtVistralControlPdu* DtNewDrawControlPdu(DtViewerCommand /*type*/) { return nullptr; }
 
 DtVistralControlPdu* DtNewVistralControlPdu(DtViewerCommand command) {
   if (DtVistralControlPdu* pdu = DtNewViewControlPdu(command)) return pdu;
