@@ -6,11 +6,8 @@
 #include <string>
 
 #include "vcTestSupport.h"
+#include "vdcImage.h"
 
-inline Bytes be16(unsigned v) { return bytes({int(v >> 8) & 0xff, int(v) & 0xff}); }
-inline Bytes be32(unsigned v) {
-  return bytes({int(v >> 24) & 0xff, int(v >> 16) & 0xff, int(v >> 8) & 0xff, int(v) & 0xff});
-}
 inline Bytes be64v(double x, double y, double z) { return concat({be64(x), be64(y), be64(z)}); }
 
 struct Image {

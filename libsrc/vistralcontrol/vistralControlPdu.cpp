@@ -241,7 +241,7 @@ struct DrawRow {
   FromImage v0;
 };
 constexpr DrawRow kDrawTable[] = {
-    // rows for DtVcDrawCommand and its family
+    {DtVcDrawCommand, fromImage<DtVdcCommandPdu>, fromImage<DtVdcCommandPduV0>},
 
     {DtVcDrawLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcLinePduV0>},
     {DtVcDrawSegmentedLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcSegmentedLinePduV0>},

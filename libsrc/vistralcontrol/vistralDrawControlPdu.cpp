@@ -159,7 +159,8 @@ struct NewRow {
   MakeEmpty v0;
 };
 constexpr NewRow kNewTable[] = {
-    // rows for DtVdcCommandRemove and its family
+    {DtVdcCommandRemove, DtVdcCommandRemoveFromLayer, makeEmpty<DtVdcCommandPdu>, 0,
+     makeEmpty<DtVdcCommandPduV0>},
 
     {DtVdc2DLine, DtVdc3DLine, makeEmpty<DtVdcLinePdu>, 0, makeEmpty<DtVdcLinePduV0>},
     {DtVdc2DSegmentedLine, DtVdc3DSegmentedLine, makeEmpty<DtVdcLinePdu>, DtVdc2DLine - DtVdc2DSegmentedLine,
