@@ -246,11 +246,11 @@ constexpr DrawRow kDrawTable[] = {
     {DtVcDrawLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcLinePduV0>},
     {DtVcDrawSegmentedLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcSegmentedLinePduV0>},
 
-    // rows for DtVcDrawPolyObject and its family
+    {DtVcDrawPolyObject, fromImage<DtVdcPolyObjectPdu>, fromImage<DtVdcPolyObjectPduV0>},
 
-    // rows for DtVcDrawTriangle and its family
+    {DtVcDrawTriangle, fromImage<DtVdcTrianglePdu>, fromImage<DtVdcTrianglePduV0>},
 
-    // rows for DtVcDrawArea and its family
+    {DtVcDrawArea, fromImage<DtVdcAreaPdu>, fromImage<DtVdcAreaPduV0>},
 
     // rows for DtVcDrawText and its family
 

@@ -166,11 +166,11 @@ constexpr NewRow kNewTable[] = {
     {DtVdc2DSegmentedLine, DtVdc3DSegmentedLine, makeEmpty<DtVdcLinePdu>, DtVdc2DLine - DtVdc2DSegmentedLine,
      makeEmpty<DtVdcSegmentedLinePduV0>},
 
-    // rows for DtVdcCircle and its family
+    {DtVdcCircle, DtVdcCylinder, makeEmpty<DtVdcPolyObjectPdu>, 0, makeEmpty<DtVdcPolyObjectPduV0>},
 
-    // rows for DtVdc2DTriangle and its family
+    {DtVdc2DTriangle, DtVdc3DTriangle, makeEmpty<DtVdcTrianglePdu>, 0, makeEmpty<DtVdcTrianglePduV0>},
 
-    // rows for DtVdc3DArea and its family
+    {DtVdc3DArea, DtVdc3DArea, makeEmpty<DtVdcAreaPdu>, 0, nullptr},
 
     // rows for DtVdc2DText and its family
 
