@@ -252,13 +252,13 @@ constexpr DrawRow kDrawTable[] = {
 
     // rows for DtVcDrawArea and its family
 
-    // rows for DtVcDrawText and its family
+    {DtVcDrawText, fromImage<DtVdcTextPdu>, fromImage<DtVdcTextPduV0>},
 
     // rows for DtVcDrawAttribute and its family
 
     // rows for DtVcDrawAttributeUpdate and its family
 
-    // rows for DtVcDrawLayer and its family
+    {DtVcDrawLayer, fromImage<DtVdcLayerPdu>, fromImage<DtVdcLayerPduV0>},
 };
 
 DtPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder) {

@@ -172,13 +172,13 @@ constexpr NewRow kNewTable[] = {
 
     // rows for DtVdc3DArea and its family
 
-    // rows for DtVdc2DText and its family
+    {DtVdc2DText, DtVdc3DText, makeEmpty<DtVdcTextPdu>, 0, makeEmpty<DtVdcTextPduV0>},
 
     // rows for DtVdcAttributeGroupTemplate and its family
 
     // rows for DtVdcAttributeValueSet and its family
 
-    // rows for DtVdcLayer and its family
+    {DtVdcLayer, DtVdcLayer, makeEmpty<DtVdcLayerPdu>, 0, makeEmpty<DtVdcLayerPduV0>},
 };
 
 const NewRow* newRow(int type) {
