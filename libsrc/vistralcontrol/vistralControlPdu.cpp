@@ -254,9 +254,9 @@ constexpr DrawRow kDrawTable[] = {
 
     {DtVcDrawText, fromImage<DtVdcTextPdu>, fromImage<DtVdcTextPduV0>},
 
-    // rows for DtVcDrawAttribute and its family
+    {DtVcDrawAttribute, fromImage<DtVdcAttributePdu>, fromImage<DtVdcAttributePduV0>},
 
-    // rows for DtVcDrawAttributeUpdate and its family
+    {DtVcDrawAttributeUpdate, fromImage<DtVdcAttributeUpdatePdu>, fromImage<DtVdcAttributeUpdatePduV0>},
 
     {DtVcDrawLayer, fromImage<DtVdcLayerPdu>, fromImage<DtVdcLayerPduV0>},
 };

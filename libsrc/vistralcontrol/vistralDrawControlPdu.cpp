@@ -174,9 +174,11 @@ constexpr NewRow kNewTable[] = {
 
     {DtVdc2DText, DtVdc3DText, makeEmpty<DtVdcTextPdu>, 0, makeEmpty<DtVdcTextPduV0>},
 
-    // rows for DtVdcAttributeGroupTemplate and its family
+    {DtVdcAttributeGroupTemplate, DtVdcAttributeBitmap, makeEmpty<DtVdcAttributePdu>, 0,
+     makeEmpty<DtVdcAttributePduV0>},
 
-    // rows for DtVdcAttributeValueSet and its family
+    {DtVdcAttributeValueSet, DtVdcAttributeValueSetText, makeEmpty<DtVdcAttributeUpdatePdu>, 0,
+     makeEmpty<DtVdcAttributeUpdatePduV0>},
 
     {DtVdcLayer, DtVdcLayer, makeEmpty<DtVdcLayerPdu>, 0, makeEmpty<DtVdcLayerPduV0>},
 };
