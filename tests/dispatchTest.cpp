@@ -19,6 +19,7 @@
 #include "vistralcontrol/tetherTrackVcPdu.h"
 #include "vistralcontrol/tetherVcPdu.h"
 #include "vistralcontrol/trackVcPdu.h"
+#include "vistralcontrol/vdcLinePdu.h"
 
 namespace {
 // A kind-202 image with the given command and header length, everything else zero. The command is written
@@ -104,9 +105,9 @@ TEST(Dispatch, DrawControlVersionMark) {
   EXPECT_EQ(DtVistralControlPdu::drawControlParamVersion(img.vc()), 2);
   marked[152] = 0x61;
   EXPECT_EQ(DtVistralControlPdu::drawControlParamVersion(ReceivedImage(marked).vc()), 0);
-  // With no draw classes known yet, draw commands come back as unknown control PDUs.
+  // createFromNet reads every draw command through the current table, mark or none.
   auto pdu = received(marked);
-  EXPECT_EQ(typeid(*pdu), typeid(DtUnknownVistralControlPdu));
+  EXPECT_EQ(typeid(*pdu), typeid(DtVdcLinePdu));
 }
 
 TEST(Dispatch, NewPdusByCommandNumber) {
