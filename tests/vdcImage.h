@@ -42,14 +42,6 @@ inline bool endsWith(const std::string& text, const std::string& tail) {
 
 inline Bytes tailOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 146, pdu.length() - 146); }
 
-// What `create` makes of the PDU's bytes: the layout follows the version mark.
-template <class T>
-std::unique_ptr<T> createdAs(const DtPdu& sent) {
-  ReceivedImage image(sent);
-  std::unique_ptr<DtPdu> made(DtVistralControlPdu::create(image.header(), nullptr, nullptr));
-  return std::unique_ptr<T>(dynamic_cast<T*>(made.release()));
-}
-
 // A received copy of the PDU with a u32 field overwritten (a hostile length, say).
 template <class T>
 T withU32(const T& pdu, int offset, std::uint32_t value) {

@@ -1,7 +1,11 @@
 // Text, layer and command PDUs in both layouts: golden bytes, lengths, text forms, dumps, receive and build.
 #include <gtest/gtest.h>
 
+#include <typeinfo>
+
 #include "vdcImage.h"
+#include "vistralcontrol/vdcAttributePdu.h"
+#include "vistralcontrol/vdcAttributeUpdatePdu.h"
 #include "vistralcontrol/vdcCommandPdu.h"
 #include "vistralcontrol/vdcLayerPdu.h"
 #include "vistralcontrol/vdcTextPdu.h"
@@ -9,8 +13,6 @@
 TEST(VdcCommand, GoldenImagesInBothLayouts) {
   DtVdcCommandPdu current;
   DtVdcCommandPduV0 v0;
-  EXPECT_EQ(current.length(), 172);
-  EXPECT_EQ(v0.length(), 176);
   EXPECT_EQ(tailOf(current), DrawImage(172, 2510, true).put(164, be32(2489)).tail());
   EXPECT_EQ(tailOf(v0), DrawImage(176, 2510, false).put(156, be32(2489)).tail());
 
@@ -30,7 +32,11 @@ TEST(VdcCommand, GoldenImagesInBothLayouts) {
                             .put(156, be32(2514))
                             .put(164, be32(0xA0B0C0D0))
                             .tail());
-  EXPECT_EQ(v0.layerId(), 0xA0B0C0D0U);
+
+  // From an image the class sets its viewer command again and nothing else.
+  ReceivedImage image(current);
+  image.storage[147] = 9;
+  EXPECT_EQ(tailOf(DtVdcCommandPduV0(image.vc(), nullptr, nullptr)), tailOf(current));
 
   // Built with a place-holder, the type is left as the image was made.
   DtVdcCommandPdu placed(reinterpret_cast<DtBufferPlaceHolder*>(&current));
@@ -63,51 +69,6 @@ TEST(VdcCommand, TextFormsAndDumps) {
   EXPECT_STREQ(v0.string(), "0 0");
   v0.setFromString(nullptr);
   EXPECT_STREQ(v0.string(), "0 0");
-}
-
-TEST(VdcCommand, ReceiveAndBuild) {
-  DtVdcCommandPdu current;
-  current.setObjectId(11);
-  current.setType(DtVdcCommandShow);
-  DtVdcCommandPduV0 v0;
-  v0.setObjectId(12);
-  v0.setType(DtVdcCommandRemoveFromLayer);
-  v0.setLayerId(5);
-
-  auto fromNet = receivedAs<DtVdcCommandPdu>(current);
-  ASSERT_NE(fromNet, nullptr);
-  EXPECT_EQ(tailOf(*fromNet), tailOf(current));
-  auto created = createdAs<DtVdcCommandPdu>(current);
-  ASSERT_NE(created, nullptr);
-  EXPECT_EQ(created->objectId(), 11U);
-  auto createdV0 = createdAs<DtVdcCommandPduV0>(v0);
-  ASSERT_NE(createdV0, nullptr);
-  EXPECT_EQ(tailOf(*createdV0), tailOf(v0));
-  // createFromNet knows only the current classes; the bytes still choose the version-0 offsets.
-  auto v0FromNet = receivedAs<DtVdcCommandPdu>(v0);
-  ASSERT_NE(v0FromNet, nullptr);
-  EXPECT_EQ(v0FromNet->layerId(), 5U);
-  EXPECT_STREQ(v0FromNet->string(), "12 2515 5");
-
-  // From an image the class sets its viewer command again and nothing else.
-  const Bytes kept = tailOf(current);
-  ReceivedImage image(current);
-  image.storage[146] = 0;
-  image.storage[147] = 9;
-  DtVdcCommandPdu fixed(image.vc(), nullptr, nullptr);
-  EXPECT_EQ(tailOf(fixed), kept);
-
-  for (int type = DtVdcCommandRemove; type <= DtVdcCommandRemoveFromLayer; ++type) {
-    std::unique_ptr<DtVistralControlPdu> made(DtNewDrawControlPdu(static_cast<DtViewerCommand>(type)));
-    std::unique_ptr<DtVistralControlPdu> madeV0(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(type)));
-    ASSERT_NE(dynamic_cast<DtVdcCommandPdu*>(made.get()), nullptr);
-    ASSERT_NE(dynamic_cast<DtVdcCommandPduV0*>(madeV0.get()), nullptr);
-    EXPECT_EQ(tailOf(*made), DrawImage(172, 2510, true).put(164, be32(type)).tail());
-    EXPECT_EQ(tailOf(*madeV0), DrawImage(176, 2510, false).put(156, be32(type)).tail());
-  }
-  EXPECT_EQ(DtNewDrawControlPdu(static_cast<DtViewerCommand>(DtVdcCommand)), nullptr);
-  EXPECT_EQ(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(DtVdcCommand)), nullptr);
-  EXPECT_EQ(DtNewDrawControlPdu(static_cast<DtViewerCommand>(DtVdcUndefined)), nullptr);
 }
 
 namespace {
@@ -252,43 +213,75 @@ TEST(VdcTextLayer, HostileAndLongTexts) {
   EXPECT_EQ(std::string(text.string()).size(), DtVistralControlPdu::kTextBufferSize - 1U);
 }
 
-TEST(VdcTextLayer, ReceiveAndBuild) {
+// Every class of these families through both receive paths, and built by each of its types.
+TEST(VdcDrawFamilies, ReceiveAndBuildEveryClass) {
+  DtVdcCommandPdu command;
+  DtVdcCommandPduV0 commandV0;
   DtVdcTextPdu text;
-  fill(text);
   DtVdcTextPduV0 textV0;
-  fill(textV0);
   DtVdcLayerPdu layer;
-  layer.setName("a");
   DtVdcLayerPduV0 layerV0;
-  layerV0.setName("b");
-  auto t = receivedAs<DtVdcTextPdu>(text);
-  auto l = receivedAs<DtVdcLayerPdu>(layer);
-  auto t0 = createdAs<DtVdcTextPduV0>(textV0);
-  auto l0 = createdAs<DtVdcLayerPduV0>(layerV0);
-  ASSERT_TRUE(t && l && t0 && l0);
-  EXPECT_EQ(tailOf(*t), tailOf(text));
-  EXPECT_EQ(tailOf(*l), tailOf(layer));
-  EXPECT_EQ(tailOf(*t0), tailOf(textV0));
-  EXPECT_EQ(tailOf(*l0), tailOf(layerV0));
-  EXPECT_NE(createdAs<DtVdcTextPdu>(text), nullptr);
-  EXPECT_NE(createdAs<DtVdcLayerPdu>(layer), nullptr);
-
-  for (int type : {DtVdc2DText, DtVdc3DText}) {
-    std::unique_ptr<DtVistralControlPdu> made(DtNewDrawControlPdu(static_cast<DtViewerCommand>(type)));
-    std::unique_ptr<DtVistralControlPdu> madeV0(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(type)));
-    ASSERT_NE(dynamic_cast<DtVdcTextPdu*>(made.get()), nullptr);
-    ASSERT_NE(dynamic_cast<DtVdcTextPduV0*>(madeV0.get()), nullptr);
-    EXPECT_EQ(tailOf(*made),
-              DrawImage(388, 2560, true).put(164, be32(type)).put(170, bytes({50, 50})).tail());
-    EXPECT_EQ(tailOf(*madeV0), DrawImage(388, 2560, false).put(156, be32(type)).put(162, bytes({50})).tail());
+  DtVdcAttributePdu attribute;
+  DtVdcAttributePduV0 attributeV0;
+  DtVdcAttributeUpdatePdu update;
+  DtVdcAttributeUpdatePduV0 updateV0;
+  text.setText("t");
+  textV0.setText("t0");
+  layer.setName("l");
+  layerV0.setName("l0");
+  attribute.setName("a");
+  attributeV0.setName("a0");
+  update.setText("u");
+  updateV0.setText("u0");
+  DtVistralDrawControlPdu* const all[] = {&command, &commandV0, &text,        &textV0, &layer,
+                                          &layerV0, &attribute, &attributeV0, &update, &updateV0};
+  std::uint32_t id = 100;
+  for (DtVistralDrawControlPdu* sent : all) {
+    sent->setObjectId(id++);
+    ReceivedImage image(*sent);
+    std::unique_ptr<DtPdu> created(DtVistralControlPdu::create(image.header(), nullptr, nullptr));
+    std::unique_ptr<DtPdu> fromNet(DtVistralControlPdu::createFromNet(image.header(), nullptr, nullptr));
+    ASSERT_TRUE(created && fromNet);
+    EXPECT_EQ(typeid(*created), typeid(*sent));
+    EXPECT_EQ(tailOf(*created), tailOf(*sent));
+    // createFromNet knows only the current classes; a version-0 image still reads with version-0 offsets.
+    EXPECT_EQ(tailOf(*fromNet), tailOf(*sent));
+    EXPECT_EQ(static_cast<DtVistralDrawControlPdu&>(*fromNet).objectId(), sent->objectId());
   }
-  std::unique_ptr<DtVistralControlPdu> made(DtNewDrawControlPdu(static_cast<DtViewerCommand>(DtVdcLayer)));
-  std::unique_ptr<DtVistralControlPdu> madeV0(
-      DtNewDrawControlPduV0(static_cast<DtViewerCommand>(DtVdcLayer)));
-  ASSERT_NE(dynamic_cast<DtVdcLayerPdu*>(made.get()), nullptr);
-  ASSERT_NE(dynamic_cast<DtVdcLayerPduV0*>(madeV0.get()), nullptr);
-  EXPECT_EQ(tailOf(*made), DrawImage(172, 2590, true).put(164, be32(2590)).tail());
-  EXPECT_EQ(tailOf(*madeV0), DrawImage(176, 2590, false).put(156, be32(2590)).tail());
-  EXPECT_EQ(DtNewDrawControlPdu(static_cast<DtViewerCommand>(DtVdcText)), nullptr);
-  EXPECT_EQ(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(DtVdcText)), nullptr);
+  EXPECT_EQ(typeid(*receivedAs<DtVistralControlPdu>(layerV0)), typeid(DtVdcLayerPdu));
+  EXPECT_EQ(receivedAs<DtVdcLayerPdu>(layerV0)->name(), DtString("l0"));
+
+  struct Row {
+    int first, last, command, length, lengthV0;
+    const std::type_info& current;
+    const std::type_info& v0;
+  };
+  const Row rows[] = {
+      {2511, 2515, 2510, 172, 176, typeid(DtVdcCommandPdu), typeid(DtVdcCommandPduV0)},
+      {2561, 2562, 2560, 388, 388, typeid(DtVdcTextPdu), typeid(DtVdcTextPduV0)},
+      {2571, 2577, 2570, 408, 408, typeid(DtVdcAttributePdu), typeid(DtVdcAttributePduV0)},
+      {2581, 2583, 2580, 192, 196, typeid(DtVdcAttributeUpdatePdu), typeid(DtVdcAttributeUpdatePduV0)},
+      {2590, 2590, 2590, 172, 176, typeid(DtVdcLayerPdu), typeid(DtVdcLayerPduV0)},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(DtNewDrawControlPdu(static_cast<DtViewerCommand>(row.first - 1)), nullptr);
+    EXPECT_EQ(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(row.first - 1)), nullptr);
+    for (int type = row.first; type <= row.last; ++type) {
+      std::unique_ptr<DtVistralControlPdu> made(DtNewDrawControlPdu(static_cast<DtViewerCommand>(type)));
+      std::unique_ptr<DtVistralControlPdu> madeV0(DtNewDrawControlPduV0(static_cast<DtViewerCommand>(type)));
+      ASSERT_TRUE(made && madeV0) << type;
+      EXPECT_EQ(typeid(*made), row.current);
+      EXPECT_EQ(typeid(*madeV0), row.v0);
+      DrawImage image(row.length, row.command, true);
+      DrawImage imageV0(row.lengthV0, row.command, false);
+      image.put(164, be32(type));
+      imageV0.put(156, be32(type));
+      if (row.command == 2560) {  // a new text sits half-way along its anchors
+        image.put(170, bytes({50, 50}));
+        imageV0.put(162, bytes({50}));
+      }
+      EXPECT_EQ(tailOf(*made), image.tail());
+      EXPECT_EQ(tailOf(*madeV0), imageV0.tail());
+    }
+  }
 }
