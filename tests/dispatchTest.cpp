@@ -19,7 +19,6 @@
 #include "vistralcontrol/tetherTrackVcPdu.h"
 #include "vistralcontrol/tetherVcPdu.h"
 #include "vistralcontrol/trackVcPdu.h"
-#include "vistralcontrol/vdcLinePdu.h"
 
 namespace {
 // A kind-202 image with the given command and header length, everything else zero. The command is written
