@@ -224,6 +224,7 @@ class Link final : public DtRti13Link {
   class Ambassador final : public NullFederateAmbassador {
    public:
     Ambassador(Link& owner, Receiver& receiver) : owner_(owner), receiver_(receiver) {}
+    ~Ambassador() noexcept override {}  // some RTIs let the base's destructor throw
     void receiveInteraction(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set,
                             const RTI::FedTime& /*time*/, const char* /*tag*/,
                             RTI::EventRetractionHandle /*retraction*/) noexcept override {
