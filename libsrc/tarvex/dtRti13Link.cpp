@@ -73,9 +73,10 @@ class InterfaceSet final : public Own::ParameterHandleValuePairSet {
     indexed([&] { set_.getValue(i, buffer, n); });
     length = static_cast<Own::ULong>(n);
   }
+  // An empty value is not asked for its bytes: some RTIs take the address of an empty vector's first element.
   char* getValuePointer(Own::ULong i, Own::ULong& length) const override {
     RTI::ULong n = 0;
-    char* value = indexed([&] { return set_.getValuePointer(i, n); });
+    char* value = getValueLength(i) == 0 ? nullptr : indexed([&] { return set_.getValuePointer(i, n); });
     length = static_cast<Own::ULong>(n);
     return value;
   }
