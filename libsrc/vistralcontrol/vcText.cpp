@@ -32,6 +32,15 @@ void Writer::append(const char* format, ...) {
 
 bool hasBlank(const char* text) { return text != nullptr && std::strchr(text, ' ') != nullptr; }
 
+const char* afterBlank(const char* text, int n) {
+  for (int seen = 0; seen < n; ++seen) {
+    const char* blank = std::strchr(text, ' ');
+    if (blank == nullptr) return text + std::strlen(text);
+    text = blank + 1;
+  }
+  return text;
+}
+
 const char* writeAttachForm(Writer& out, std::initializer_list<const char*> ids,
                             std::initializer_list<double> numbers, std::initializer_list<const char*> marks) {
   bool comma = false;

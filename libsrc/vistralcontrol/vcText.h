@@ -35,6 +35,10 @@ class Writer {
 // True when the text holds a blank: such a field forces the comma form.
 bool hasBlank(const char* text);
 
+// The text after its n-th blank (counted from the start, each blank one), or its terminating zero when it
+// holds fewer: fixed-position fields of a text form are found so.
+const char* afterBlank(const char* text, int n);
+
 // The attach-target form: entity ids, then numbers ("%f"), then marking texts, joined by blanks, or by commas
 // when any id or marking text holds a blank (a blank-free id is one token of the blank form).
 const char* writeAttachForm(Writer& out, std::initializer_list<const char*> ids,

@@ -102,6 +102,8 @@ struct Poly {
 };
 constexpr Pair<Poly> kPoly{{158, 384, 388, 400, 412}, {160, 376, 380, 392, 404}};
 constexpr unsigned kFillBit = 64;
+static_assert(kPoly.current.flags == kAttachable.current.flags && kPoly.v0.flags == kAttachable.v0.flags,
+              "the fill bit shares the attachable flag byte");
 constexpr int kPolyLength = 412;  // both layouts; version 0 leaves its last 8 bytes unused
 constexpr unsigned kPolyDefaultPattern = 0x00FFFFFF;
 

@@ -241,16 +241,16 @@ struct DrawRow {
   FromImage v0;
 };
 constexpr DrawRow kDrawTable[] = {
-    // rows for DtVcDrawCommand and its family
+    {DtVcDrawCommand, fromImage<DtVdcCommandPdu>, fromImage<DtVdcCommandPduV0>},
 
     {DtVcDrawLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcLinePduV0>},
     {DtVcDrawSegmentedLine, fromImage<DtVdcLinePdu>, fromImage<DtVdcSegmentedLinePduV0>},
 
-    // rows for DtVcDrawPolyObject and its family
+    {DtVcDrawPolyObject, fromImage<DtVdcPolyObjectPdu>, fromImage<DtVdcPolyObjectPduV0>},
 
-    // rows for DtVcDrawTriangle and its family
+    {DtVcDrawTriangle, fromImage<DtVdcTrianglePdu>, fromImage<DtVdcTrianglePduV0>},
 
-    // rows for DtVcDrawArea and its family
+    {DtVcDrawArea, fromImage<DtVdcAreaPdu>, fromImage<DtVdcAreaPduV0>},
 
     // rows for DtVcDrawText and its family
 

@@ -159,17 +159,18 @@ struct NewRow {
   MakeEmpty v0;
 };
 constexpr NewRow kNewTable[] = {
-    // rows for DtVdcCommandRemove and its family
+    {DtVdcCommandRemove, DtVdcCommandRemoveFromLayer, makeEmpty<DtVdcCommandPdu>, 0,
+     makeEmpty<DtVdcCommandPduV0>},
 
     {DtVdc2DLine, DtVdc3DLine, makeEmpty<DtVdcLinePdu>, 0, makeEmpty<DtVdcLinePduV0>},
     {DtVdc2DSegmentedLine, DtVdc3DSegmentedLine, makeEmpty<DtVdcLinePdu>, DtVdc2DLine - DtVdc2DSegmentedLine,
      makeEmpty<DtVdcSegmentedLinePduV0>},
 
-    // rows for DtVdcCircle and its family
+    {DtVdcCircle, DtVdcCylinder, makeEmpty<DtVdcPolyObjectPdu>, 0, makeEmpty<DtVdcPolyObjectPduV0>},
 
-    // rows for DtVdc2DTriangle and its family
+    {DtVdc2DTriangle, DtVdc3DTriangle, makeEmpty<DtVdcTrianglePdu>, 0, makeEmpty<DtVdcTrianglePduV0>},
 
-    // rows for DtVdc3DArea and its family
+    {DtVdc3DArea, DtVdc3DArea, makeEmpty<DtVdcAreaPdu>, 0, nullptr},
 
     // rows for DtVdc2DText and its family
 

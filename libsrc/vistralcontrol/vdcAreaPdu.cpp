@@ -1,0 +1,165 @@
+#include "vistralcontrol/vdcAreaPdu.h"
+
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "tarvex/dtDump.h"
+#include "vcText.h"
+#include "vdcLayout.h"
+
+using VdcLayout::kArea;
+
+namespace {
+constexpr unsigned char kHalfWay = 50;
+constexpr int kPointSize = 24;  // x, y, z as f64
+constexpr int kCoordinates = 3 * DtVdcAreaPduBase::kMaxPoints;
+// The area's own fields are read from the character after this blank of the whole line. The point count
+// follows the 28th blank of what string() writes, so the reading starts at the 22nd coordinate; senders and
+// receivers have always read the line so.
+constexpr int kFieldsAfterBlank = 50;
+static_assert(DtVdcAreaPduBase::kMaxPoints == VdcLayout::kAreaPoints, "sixteen points");
+
+bool pointIndex(int index) { return index >= 0 && index < DtVdcAreaPduBase::kMaxPoints; }
+
+// The fields of an area's text, zero where the text does not give them.
+struct AreaFields {
+  explicit AreaFields(std::size_t longestWord) : directory(longestWord + 1, '\0'), filename(directory) {}
+  int count = 0;
+  float coordinates[kCoordinates] = {};
+  std::vector<char> directory;
+  std::vector<char> filename;
+  int tiles = 0;
+};
+
+// Reads "%d", the coordinates as "%f" each, then "%s %s %d", stopping at the first field that does not
+// match, as one sscanf over the whole format would.
+AreaFields readAreaFields(const char* text, std::size_t longestWord) {
+  AreaFields f(longestWord);
+  int used = 0;
+  if (std::sscanf(text, "%d%n", &f.count, &used) != 1) return f;
+  text += used;
+  for (float& c : f.coordinates) {
+    if (std::sscanf(text, "%f%n", &c, &used) != 1) return f;
+    text += used;
+  }
+  std::sscanf(text, "%s %s %d", f.directory.data(), f.filename.data(), &f.tiles);
+  return f;
+}
+}  // namespace
+
+DtVdcAreaPduBase::~DtVdcAreaPduBase() = default;
+
+DtVdcAreaPdu::DtVdcAreaPdu(DtBufferPlaceHolder* holder) {
+  initPdu(kArea.current.length, holder);
+  setViewerCommand(DtVcDrawArea);
+  setParamVersion(kCurrentParamVersion);
+  if (holder == nullptr) {
+    setRelativeLocation(kHalfWay, 0);
+    setRelativeLocation(kHalfWay, 1);
+    setNumPoints(0);
+  }
+}
+
+DtVdcAreaPdu::DtVdcAreaPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                           DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+  setViewerCommand(DtVcDrawArea);
+}
+
+DtVdcAreaPdu::~DtVdcAreaPdu() = default;
+
+DtVdcAreaPduV0::DtVdcAreaPduV0(DtBufferPlaceHolder* holder) {
+  initPdu(kArea.v0.length, holder);
+  setViewerCommand(DtVcDrawArea);
+  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+}
+
+DtVdcAreaPduV0::DtVdcAreaPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                               DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+  setViewerCommand(DtVcDrawArea);
+}
+
+DtVdcAreaPduV0::~DtVdcAreaPduV0() = default;
+
+// A version-0 area ends before the count and texture fields: they are kept in the PDU's storage behind its
+// image and never sent.
+void DtVdcAreaPduBase::setNumPoints(int count) {
+  setU8At(VdcLayout::of(*this, kArea).numPoints, static_cast<std::uint8_t>(count));
+}
+
+int DtVdcAreaPduBase::numPoints() const { return u8At(VdcLayout::of(*this, kArea).numPoints); }
+
+void DtVdcAreaPduBase::setPoint(int index, const DtVector64& point) {
+  if (pointIndex(index)) setF64VectorAt(VdcLayout::of(*this, kArea).points + index * kPointSize, point);
+}
+
+DtVector64 DtVdcAreaPduBase::point(int index) const {
+  return pointIndex(index) ? f64VectorAt(VdcLayout::of(*this, kArea).points + index * kPointSize)
+                           : DtVector64();
+}
+
+void DtVdcAreaPduBase::setTextureDirectory(const DtString& directory) {
+  setTextAt(VdcLayout::of(*this, kArea).textureDirectory, VdcLayout::kTextureNameWidth, directory.c_str());
+}
+
+DtString DtVdcAreaPduBase::textureDirectory() const {
+  return textAt(VdcLayout::of(*this, kArea).textureDirectory);
+}
+
+void DtVdcAreaPduBase::setTextureFilename(const DtString& filename) {
+  setTextAt(VdcLayout::of(*this, kArea).textureFilename, VdcLayout::kTextureNameWidth, filename.c_str());
+}
+
+// A name that fills its field has no terminator and reads on into the directory.
+DtString DtVdcAreaPduBase::textureFilename() const {
+  return textAt(VdcLayout::of(*this, kArea).textureFilename);
+}
+
+void DtVdcAreaPduBase::setNumTextureTiles(int tiles) {
+  setU8At(VdcLayout::of(*this, kArea).tiles, static_cast<std::uint8_t>(tiles));
+}
+
+int DtVdcAreaPduBase::numTextureTiles() const { return u8At(VdcLayout::of(*this, kArea).tiles); }
+
+const char* DtVdcAreaPduBase::string() const {
+  DtVdcPolyObjectPduBase::string();
+  VcText::Writer out = VcText::Writer::continuing(textBuffer(), kTextBufferSize);
+  // A blank between the poly-object line and the points, which open with a blank of their own.
+  out.append("  %d", numPoints());
+  for (int i = 0; i < kMaxPoints && !out.full(); ++i) {
+    const DtVector64 p = point(i);
+    out.append(" %s %s %s", DtString(p.x()).c_str(), DtString(p.y()).c_str(), DtString(p.z()).c_str());
+  }
+  if (!out.full()) {
+    out.append(" %s %s %d", textureDirectory().c_str(), textureFilename().c_str(), numTextureTiles());
+  }
+  return out.text();
+}
+
+void DtVdcAreaPduBase::setFromString(const char* text) {
+  if (text == nullptr) return;
+  DtVdcPolyObjectPduBase::setFromString(text);
+  // A texture name may be as long as the whole text.
+  const AreaFields f = readAreaFields(VcText::afterBlank(text, kFieldsAfterBlank), std::strlen(text));
+  setNumPoints(f.count);
+  for (int i = 0; i < kMaxPoints; ++i) {
+    setPoint(i, DtVector64(f.coordinates[3 * i], f.coordinates[3 * i + 1], f.coordinates[3 * i + 2]));
+  }
+  setTextureDirectory(f.directory.data());
+  setTextureFilename(f.filename.data());
+  setNumTextureTiles(f.tiles);
+}
+
+void DtVdcAreaPduBase::printData() const {
+  DtVdcPolyObjectPduBase::printData();
+  const int count = numPoints();
+  for (int i = 0; i < count; ++i) {
+    DtDumpInteger("Point", i + 1);
+    DtDumpString("location", point(i).string());
+  }
+  DtDumpString("texture filename", textureFilename().c_str());
+  DtDumpString("texture directory", textureDirectory().c_str());
+  DtDumpInteger("tiling factor", numTextureTiles());
+}

@@ -1,0 +1,91 @@
+#include "vistralcontrol/vdcTrianglePdu.h"
+
+#include <cstdio>
+
+#include "tarvex/dtDump.h"
+#include "vcText.h"
+#include "vdcLayout.h"
+
+using VdcLayout::kTriangle;
+
+namespace {
+constexpr unsigned char kHalfWay = 50;
+constexpr int kPointSize = 24;  // x, y, z as f64
+// The points follow the 27th blank of the whole line: after the attachable and poly-object fields.
+constexpr int kFieldsAfterBlank = 27;
+static_assert(DtVdcTrianglePduBase::kNumPoints == VdcLayout::kTrianglePoints, "three corners");
+
+bool cornerIndex(int index) { return index >= 0 && index < DtVdcTrianglePduBase::kNumPoints; }
+}  // namespace
+
+DtVdcTrianglePduBase::~DtVdcTrianglePduBase() = default;
+
+DtVdcTrianglePdu::DtVdcTrianglePdu(DtBufferPlaceHolder* holder) {
+  initPdu(kTriangle.current.length, holder);
+  setViewerCommand(DtVcDrawTriangle);
+  setParamVersion(kCurrentParamVersion);
+  if (holder == nullptr) {
+    setRelativeLocation(kHalfWay, 0);
+    setRelativeLocation(kHalfWay, 1);
+  }
+}
+
+DtVdcTrianglePdu::DtVdcTrianglePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                   DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+  setViewerCommand(DtVcDrawTriangle);
+}
+
+DtVdcTrianglePdu::~DtVdcTrianglePdu() = default;
+
+DtVdcTrianglePduV0::DtVdcTrianglePduV0(DtBufferPlaceHolder* holder) {
+  initPdu(kTriangle.v0.length, holder);
+  setViewerCommand(DtVcDrawTriangle);
+  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+}
+
+DtVdcTrianglePduV0::DtVdcTrianglePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                       DtPduFactory* factory) {
+  initPdu(image, holder, factory);
+  setViewerCommand(DtVcDrawTriangle);
+}
+
+DtVdcTrianglePduV0::~DtVdcTrianglePduV0() = default;
+
+void DtVdcTrianglePduBase::setPoint(int index, const DtVector64& point) {
+  if (cornerIndex(index)) setF64VectorAt(VdcLayout::of(*this, kTriangle).points + index * kPointSize, point);
+}
+
+DtVector64 DtVdcTrianglePduBase::point(int index) const {
+  return cornerIndex(index) ? f64VectorAt(VdcLayout::of(*this, kTriangle).points + index * kPointSize)
+                            : DtVector64();
+}
+
+const char* DtVdcTrianglePduBase::string() const {
+  DtVdcPolyObjectPduBase::string();
+  const DtVector64 p0 = point(0);
+  const DtVector64 p1 = point(1);
+  const DtVector64 p2 = point(2);
+  VcText::Writer out = VcText::Writer::continuing(textBuffer(), kTextBufferSize);
+  out.append(" %f %f %f %f %f %f %f %f %f", p0.x(), p0.y(), p0.z(), p1.x(), p1.y(), p1.z(), p2.x(), p2.y(),
+             p2.z());
+  return out.text();
+}
+
+void DtVdcTrianglePduBase::setFromString(const char* text) {
+  if (text == nullptr) return;
+  DtVdcPolyObjectPduBase::setFromString(text);
+  // Coordinates the text does not give are zero.
+  float v[3 * kNumPoints] = {};
+  std::sscanf(VcText::afterBlank(text, kFieldsAfterBlank), "%f %f %f %f %f %f %f %f %f", &v[0], &v[1], &v[2],
+              &v[3], &v[4], &v[5], &v[6], &v[7], &v[8]);
+  for (int i = 0; i < kNumPoints; ++i) setPoint(i, DtVector64(v[3 * i], v[3 * i + 1], v[3 * i + 2]));
+}
+
+void DtVdcTrianglePduBase::printData() const {
+  DtVdcPolyObjectPduBase::printData();
+  for (int i = 0; i < kNumPoints; ++i) {
+    DtDumpInteger("Point:", i + 1);
+    DtDumpString("location:", point(i).string());
+  }
+}
