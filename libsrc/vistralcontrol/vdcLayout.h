@@ -19,8 +19,11 @@ struct Pair {
 // The layout a PDU's own bytes select: exactly parameter version 1 is current, anything else version 0.
 template <class L>
 const L& of(const DtVistralDrawControlPdu& pdu, const Pair<L>& pair) {
-  return pdu.paramVersion() == DtVistralDrawControlPdu::kCurrentParamVersion ? pair.current : pair.v0;
+  return pdu.currentLayout() ? pair.current : pair.v0;
 }
+static_assert(DtVistralDrawControlPdu::kMarkOffset == VcLayout::Fixed::drawMark &&
+                  DtVistralDrawControlPdu::kParamVersionOffset == VcLayout::Fixed::drawVersion,
+              "the draw header's mark and version");
 
 // The draw header that follows the control PDU's fixed part.
 struct Header {
