@@ -9,13 +9,17 @@
 #include "tarvex/dtException.h"
 #include "testSupport.h"
 #include "vistralcontrol/vdcArea3DObj.h"
+#include "vistralcontrol/vdcAttTemplate.h"
 #include "vistralcontrol/vdcCuboidObj.h"
 #include "vistralcontrol/vdcCylinderObj.h"
+#include "vistralcontrol/vdcDrawLayerObj.h"
 #include "vistralcontrol/vdcEllipseObj.h"
 #include "vistralcontrol/vdcEllipsoidObj.h"
 #include "vistralcontrol/vdcLine2DObj.h"
 #include "vistralcontrol/vdcLine3DObj.h"
 #include "vistralcontrol/vdcRectangleObj.h"
+#include "vistralcontrol/vdcText2DObj.h"
+#include "vistralcontrol/vdcText3DObj.h"
 #include "vistralcontrol/vdcTriangle2DObj.h"
 #include "vistralcontrol/vdcTriangle3DObj.h"
 
@@ -280,4 +284,54 @@ TEST(ShapeObjects, TrianglesAndAreasCarryTheirPoints) {
   EXPECT_EQ(area.vertex(2), DtVector64(5, 5, 5));
   area.updatePdu();
   EXPECT_EQ(a.at(412 + 48, 48), concat({vec64(5, 5, 5), vec64(0, 0, 0)}));
+}
+
+TEST(TextObjects, TextsLayersAndTemplatesFillTheirPdus) {
+  DtVdcText2DObject label(51, "hello", DtVdcVector2D(1, 0), DtVdcColor(1, 2, 3, 4), false);
+  Wire l(label);
+  expectHeader(l, 51, 2561, 0);
+  EXPECT_EQ(l.at(312, 16), concat({be64(1), be64(-1)}));
+  EXPECT_EQ(l.at(384, 4), be32(5));
+  EXPECT_EQ(l.text(388, 5), "hello");
+  label.setText("bye");
+  EXPECT_EQ(l.pdu.length(), 393);  // unchanged until updatePdu
+  label.updatePdu();
+  EXPECT_EQ(l.pdu.length(), 391);
+  EXPECT_EQ(l.text(388, 3), "bye");
+
+  DtVdcText3DObject tag(52, "T", DtVdc3DAttachPoint(12, 3.9), DtVector64(0, 0, 10), DtVdcColor(), true);
+  Wire t(tag);
+  expectHeader(t, 52, 2562, 3);
+  EXPECT_EQ(t.at(304, 4), be32(12));
+  EXPECT_EQ(t.byte(170), 3);
+  EXPECT_EQ(t.at(360, 24), vec64(0, 0, 10));
+
+  DtVdcDrawLayerObject layer(53, "");
+  Wire y(layer);
+  EXPECT_EQ(y.pdu.length(), 172);
+  EXPECT_EQ(y.at(160, 12), concat({be32(53), be32(2590), be32(0)}));
+
+  DtVdcAttributeGroupTemplateObject group(60, "panel");
+  const auto kinds = {DtVdcAttributeTemplateObject::DtVdcAttTypeNoValue,
+                      DtVdcAttributeTemplateObject::DtVdcAttTypeSingleValue,
+                      DtVdcAttributeTemplateObject::DtVdcAttTypeGraphPoint,
+                      DtVdcAttributeTemplateObject::DtVdcAttTypeBitmap,
+                      static_cast<DtVdcAttributeTemplateObject::DtVdcAttributeType>(9)};
+  unsigned id = 1;
+  for (auto kind : kinds) group.createAttributeTemplate(id++, "a", kind);
+  group.createAttributeTemplate(id, "bar", -1.5, 2.5);
+  const unsigned pduTypes[] = {2573, 2574, 2576, 2577, 0, 2575};  // an unknown kind sets no type
+  ASSERT_EQ(group.attributeTemplates().size(), 6u);
+  for (std::size_t i = 0; i < 6; ++i) {
+    Wire a(*group.attributeTemplates()[i]);
+    EXPECT_EQ(a.at(160, 8), concat({be32(unsigned(i) + 1), be32(pduTypes[i])})) << i;
+    EXPECT_EQ(a.at(400, 4), be32(60)) << i;  // the group template's id
+  }
+  Wire bar(*group.attributeTemplate(6));
+  EXPECT_EQ(bar.at(384, 16), concat({be64(-1.5), be64(2.5)}));
+  EXPECT_EQ(bar.text(408, 3), "bar");
+  EXPECT_EQ(group.attributeTemplate(99), nullptr);
+  const DtVdcAttributeGroupTemplateObject copy(group);  // owns copies of its own
+  EXPECT_NE(copy.attributeTemplate(6), group.attributeTemplate(6));
+  EXPECT_EQ(copy.attributeTemplate(6)->attributeType(), DtVdcAttributeTemplateObject::DtVdcAttTypeValueBar);
 }

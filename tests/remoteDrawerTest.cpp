@@ -21,19 +21,20 @@ unsigned u32At(const Bytes& b, int at) {
   return unsigned(b[at]) << 24 | unsigned(b[at + 1]) << 16 | unsigned(b[at + 2]) << 8 | unsigned(b[at + 3]);
 }
 
-// What identifies a sent draw PDU: viewer command (146), draw type (164), object id (160), and the u32 at
-// 168, which is the layer id of a command.
+// What identifies a sent draw PDU: viewer command (146), draw type (164), object id (160), and for a command
+// its layer id (168).
 struct Sent {
-  unsigned command, type, objectId, at168;
+  unsigned command, type, objectId, layerId;
   bool operator==(const Sent& o) const {
-    return command == o.command && type == o.type && objectId == o.objectId && at168 == o.at168;
+    return command == o.command && type == o.type && objectId == o.objectId && layerId == o.layerId;
   }
 };
 std::ostream& operator<<(std::ostream& out, const Sent& s) {
-  return out << "{" << s.command << " " << s.type << " " << s.objectId << " " << s.at168 << "}";
+  return out << "{" << s.command << " " << s.type << " " << s.objectId << " " << s.layerId << "}";
 }
 Sent sentOf(const Bytes& b) {
-  return {unsigned(b[146]) << 8 | b[147], u32At(b, 164), u32At(b, 160), u32At(b, 168)};
+  const unsigned command = unsigned(b[146]) << 8 | b[147];
+  return {command, u32At(b, 164), u32At(b, 160), command == 2510 ? u32At(b, 168) : 0};
 }
 
 struct Capture : DtCustomRemoteControlSender {
@@ -77,10 +78,9 @@ TEST_F(Drawing, CommandsGoOutForAnyIdAndAttributeCommandsDependOnTheGroup) {
   drawer.removeFromLayer(5, 9);
   drawer.showAttribute(4, 1);  // not an attribute group
   drawer.hideAttribute(4, 1);
-  const std::vector<Sent> expected = {
-      {2520, 2521, 4, 0x01000000},  // the line: byte 168 is its attachment type
-      {2510, 2513, 5, 0},          {2510, 2512, 5, 0}, {2510, 2514, 5, 9},
-      {2510, 2515, 5, 9},          {2510, 2517, 1, 4}, {2510, 2519, 1, 4}};
+  const std::vector<Sent> expected = {{2520, 2521, 4, 0}, {2510, 2513, 5, 0}, {2510, 2512, 5, 0},
+                                      {2510, 2514, 5, 9}, {2510, 2515, 5, 9}, {2510, 2517, 1, 4},
+                                      {2510, 2519, 1, 4}};
   EXPECT_EQ(capture.sent(), expected);
   for (const Bytes& b : capture.images) {
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(&b[76])), "drawer-1");  // the sender id
@@ -107,12 +107,10 @@ TEST_F(Drawing, GroupTemplatesAndGroupsSendTheirPartsInOrder) {
   drawer.showAttribute(20, 1);
   drawer.hideAttribute(20, 2);
 
-  const std::vector<Sent> expected = {
-      {2570, 2571, 10, 0},       {2570, 2574, 1, 0}, {2570, 2577, 2, 0},
-      {2570, 2572, 20, 2 << 24},  // attachment type 2 at 168
-      {2570, 2572, 20, 2 << 24}, {2580, 2581, 1, 0}, {2570, 2572, 20, 2 << 24},
-      {2570, 2572, 20, 2 << 24}, {2580, 2583, 2, 0}, {2510, 2516, 1, 20},
-      {2510, 2518, 2, 20}};
+  const std::vector<Sent> expected = {{2570, 2571, 10, 0}, {2570, 2574, 1, 0},  {2570, 2577, 2, 0},
+                                      {2570, 2572, 20, 0}, {2570, 2572, 20, 0}, {2580, 2581, 1, 0},
+                                      {2570, 2572, 20, 0}, {2570, 2572, 20, 0}, {2580, 2583, 2, 0},
+                                      {2510, 2516, 1, 20}, {2510, 2518, 2, 20}};
   ASSERT_EQ(capture.sent(), expected);
   const Bytes& numeric = capture.images[5];
   EXPECT_EQ(u32At(numeric, 184), 20u);  // the value's group
