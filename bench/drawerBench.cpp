@@ -58,6 +58,19 @@ void BM_DrawerUpdate(benchmark::State& state) {
   state.counters["bytes/object"] = scene.heapPerObject;
 }
 
+// The same in ascending id order, as an application refreshing its whole scene walks it.
+void BM_DrawerUpdateInOrder(benchmark::State& state) {
+  const long n = state.range(0);
+  Scene scene(n);
+  long i = 0;
+  const auto before = bench::allocationCount();
+  for (auto _ : state) {
+    scene.drawer.update(static_cast<unsigned>(i++ % n));
+    benchmark::DoNotOptimize(scene.sender.last);
+  }
+  BENCH_COUNT_ALLOCATIONS(state, before);
+}
+
 // Adds an object under a new id and removes it again; the object is made once and handed back by remove.
 void BM_DrawerAddRemove(benchmark::State& state) {
   const long n = state.range(0);
@@ -98,6 +111,7 @@ void BM_DrawerUpdate_Baseline(benchmark::State& state) {
 }
 
 BENCHMARK(BM_DrawerUpdate)->RangeMultiplier(10)->Range(1000, 1000000);
+BENCHMARK(BM_DrawerUpdateInOrder)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(BM_DrawerAddRemove)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(BM_DrawerRemoveAdd)->RangeMultiplier(10)->Range(1000, 1000000);
 BENCHMARK(BM_DrawerUpdate_Baseline);
