@@ -9,6 +9,7 @@
 #include <iostream>
 #include <memory>
 
+#include "demoDrawing.h"
 #include "demoPdus.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
@@ -175,5 +176,6 @@ bool steeringSession() {
 int main() {
   const bool families = everyFamily();
   const bool session = steeringSession();
-  return families && session ? 0 : 1;
+  const bool drawing = drawingScene();
+  return families && session && drawing ? 0 : 1;
 }
