@@ -63,8 +63,8 @@ inline void readViewControl(const DtVistralControlPdu& pdu) {
     (void)p->markingText().length();
   }
   if (const auto* p = dynamic_cast<const DtOrbitVCPdu*>(&pdu)) {
-    (void)(p->radius() + p->azimuthRate() + p->heading() + p->pitch() + p->headingOffset() + p->pitchOffset() +
-           p->roll());
+    (void)(p->radius() + p->azimuthRate() + p->heading() + p->pitch() + p->headingOffset() +
+           p->pitchOffset() + p->roll());
     (void)p->attachId().length();
     (void)p->markingText().length();
   }
@@ -109,7 +109,8 @@ inline void readViewControl(const DtVistralControlPdu& pdu) {
     readLists(*p);
   }
   if (const auto* p = dynamic_cast<const DtOptionsPdu*>(&pdu)) {
-    for (int option = -1; option <= 128; ++option) (void)p->optionPresent(static_cast<DtVistralOption>(option));
+    for (int option = -1; option <= 128; ++option)
+      (void)p->optionPresent(static_cast<DtVistralOption>(option));
     (void)(p->locatorRange() + p->smoothingPeriod() + p->clampRange() + p->floor() + p->timeOfDay() +
            p->nearClip() + p->farClip() + p->fov() + p->nearFog() + p->farFog() + p->blockedDistance());
     (void)(p->stepsize() + p->turnrate() + p->terrainScale() + p->objectScale());

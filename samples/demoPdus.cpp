@@ -25,7 +25,7 @@ std::unique_ptr<T> addressed(const char* viewer, const char* controller) {
 }  // namespace
 
 std::vector<std::pair<const char*, std::unique_ptr<DtVistralControlPdu>>> demoPdus(const char* viewer,
-                                                                                    const char* controller) {
+                                                                                   const char* controller) {
   std::vector<std::pair<const char*, std::unique_ptr<DtVistralControlPdu>>> out;
 
   auto absolute = addressed<DtAbsoluteVCPdu>(viewer, controller);

@@ -22,23 +22,19 @@
 #include "testSupport.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/hVistralControlInter.h"
-#include "vistralcontrol/orbitVcPdu.h"
-#include "vistralcontrol/vistralRemoteController.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
+#include "vistralcontrol/vistralRemoteController.h"
 
 namespace {
 std::string theExecution = "Scenario";
 std::string theFedDir = ".";
 
-bool overRti() {
-  return theExecution.find("://") != std::string::npos;
-}
+bool overRti() { return theExecution.find("://") != std::string::npos; }
 
 // One execution per test, so that tests do not hear each other.
-std::string execution(const std::string& suffix) {
-  return theExecution + "-" + suffix;
-}
+std::string execution(const std::string& suffix) { return theExecution + "-" + suffix; }
 
 #define SKIP_WITHOUT_BACKEND()                           \
   if (overRti() && !DtExerciseConn::rtiBackendBuiltIn()) \
@@ -120,12 +116,8 @@ std::vector<std::unique_ptr<DtVistralControlPdu>> samplePdus() {
   return out;
 }
 
-std::string typeOf(const DtVistralControlPdu& pdu) {
-  return typeid(pdu).name();
-}
-Bytes imageOf(const DtVistralControlPdu& pdu) {
-  return Bytes(pdu.packet(), pdu.packet() + pdu.length());
-}
+std::string typeOf(const DtVistralControlPdu& pdu) { return typeid(pdu).name(); }
+Bytes imageOf(const DtVistralControlPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
 }  // namespace
 
 TEST(FederationScenario, EveryOtherFederateReceivesEachPduInOrderNeverTheSender) {

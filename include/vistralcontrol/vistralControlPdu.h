@@ -49,7 +49,8 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
 
   // Creation from a received image (owned by the caller; null when the kind or command is not recognised).
   static DtPdu* create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
-  static DtPdu* createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+  static DtPdu* createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                              DtPduFactory* factory);
   static DtPdu* createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                   DtPduFactory* factory);
   static DtPdu* createDrawControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,

@@ -28,9 +28,7 @@ namespace {
 constexpr const char* kInProcess = "inprocess";
 constexpr const char* kRti13 = "rti13";
 
-bool empty(const char* text) {
-  return text == nullptr || *text == '\0';
-}
+bool empty(const char* text) { return text == nullptr || *text == '\0'; }
 
 // The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
 std::string chooseBackend(const std::string& execution, const char* backend) {
@@ -187,25 +185,13 @@ DtExerciseConn::DtExerciseConn(const char* executionName, const char* federateNa
 
 DtExerciseConn::~DtExerciseConn() = default;
 
-bool DtExerciseConn::rtiBackendBuiltIn() {
-  return TARVEX_HAVE_RTI13 != 0;
-}
+bool DtExerciseConn::rtiBackendBuiltIn() { return TARVEX_HAVE_RTI13 != 0; }
 
-const DtString& DtExerciseConn::executionName() const {
-  return impl_->execution;
-}
-const DtString& DtExerciseConn::federateName() const {
-  return impl_->federate;
-}
-const char* DtExerciseConn::backendName() const {
-  return impl_->backend->name();
-}
-DtInitStatus DtExerciseConn::initStatus() const {
-  return impl_->backend->initStatus();
-}
-const DtFomMapper& DtExerciseConn::fomMapper() const {
-  return impl_->mapper;
-}
+const DtString& DtExerciseConn::executionName() const { return impl_->execution; }
+const DtString& DtExerciseConn::federateName() const { return impl_->federate; }
+const char* DtExerciseConn::backendName() const { return impl_->backend->name(); }
+DtInitStatus DtExerciseConn::initStatus() const { return impl_->backend->initStatus(); }
+const DtFomMapper& DtExerciseConn::fomMapper() const { return impl_->mapper; }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
   if (name == nullptr) return nullptr;
@@ -219,24 +205,16 @@ DtInterClassDesc* DtExerciseConn::interClassDescByHandle(RTI::InteractionClassHa
   return found == impl_->indexOfHandle.end() ? nullptr : impl_->classes[found->second].get();
 }
 
-int DtExerciseConn::interClassCount() const {
-  return static_cast<int>(impl_->classes.size());
-}
+int DtExerciseConn::interClassCount() const { return static_cast<int>(impl_->classes.size()); }
 
 DtInterClassDesc* DtExerciseConn::interClassDesc(int index) const {
   return index >= 0 && index < interClassCount() ? impl_->classes[static_cast<std::size_t>(index)].get()
                                                  : nullptr;
 }
 
-DtInteractionDecoderList& DtExerciseConn::decoderList() {
-  return impl_->decoders;
-}
-DtInteractionEncoderList& DtExerciseConn::encoderList() {
-  return impl_->encoders;
-}
-DtInteractionFactory& DtExerciseConn::interactionFactory() {
-  return impl_->factory;
-}
+DtInteractionDecoderList& DtExerciseConn::decoderList() { return impl_->decoders; }
+DtInteractionEncoderList& DtExerciseConn::encoderList() { return impl_->encoders; }
+DtInteractionFactory& DtExerciseConn::interactionFactory() { return impl_->factory; }
 
 bool DtExerciseConn::addCallback(const char* className, DtInteractionDetail::ErasedFunction fn,
                                  CallbackThunk thunk, void* usr, const std::shared_ptr<DtDDMRegion>& region) {
@@ -301,9 +279,5 @@ int DtExerciseConn::processIncoming() {
   return delivered;
 }
 
-std::size_t DtExerciseConn::pendingIncoming() const {
-  return impl_->queue.pending();
-}
-std::size_t DtExerciseConn::retainedIncomingBytes() const {
-  return impl_->queue.retainedBytes();
-}
+std::size_t DtExerciseConn::pendingIncoming() const { return impl_->queue.pending(); }
+std::size_t DtExerciseConn::retainedIncomingBytes() const { return impl_->queue.retainedBytes(); }

@@ -53,12 +53,8 @@ char* DtIncomingQueue::View::getValuePointer(RTI::ULong index, RTI::ULong& lengt
   return bytes_ + v.offset;
 }
 
-RTI::TransportType DtIncomingQueue::View::getTransportType() const {
-  return 1;
-}
-RTI::OrderType DtIncomingQueue::View::getOrderType() const {
-  return 1;
-}
+RTI::TransportType DtIncomingQueue::View::getTransportType() const { return 1; }
+RTI::OrderType DtIncomingQueue::View::getOrderType() const { return 1; }
 
 void DtIncomingQueue::View::readOnly() {
   throw RTI::InvalidHandleValuePairSetContext("a received parameter set cannot be changed");

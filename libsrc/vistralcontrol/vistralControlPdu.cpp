@@ -101,7 +101,8 @@ bool DtVistralControlPdu::statusCommand() const {
 
 void DtVistralControlPdu::setStatusCommand(bool status) {
   const int command = viewerCommand();
-  if (status && command < kStatusOffset) setViewerCommand(static_cast<DtViewerCommand>(command + kStatusOffset));
+  if (status && command < kStatusOffset)
+    setViewerCommand(static_cast<DtViewerCommand>(command + kStatusOffset));
   if (!status && command >= kStatusOffset)
     setViewerCommand(static_cast<DtViewerCommand>(command - kStatusOffset));
 }
@@ -293,8 +294,9 @@ DtPdu* DtVistralControlPdu::createDrawControlV0(DtNetViewControlPdu* image, DtBu
 int DtVistralControlPdu::drawControlParamVersion(const DtNetViewControlPdu* image) {
   if (image == nullptr) return 0;
   const unsigned char* bytes = bytesOf(image);
-  return DtWire::loadU32(bytes + Fixed::drawMark) == kDrawControlMark ? DtWire::loadU16(bytes + Fixed::drawVersion)
-                                                                      : 0;
+  return DtWire::loadU32(bytes + Fixed::drawMark) == kDrawControlMark
+             ? DtWire::loadU16(bytes + Fixed::drawVersion)
+             : 0;
 }
 
 DtVistralControlPdu* DtNewViewControlPdu(DtViewerCommand command) {
