@@ -302,7 +302,7 @@ TEST_F(Steering, CallbacksByViewerNameAndOwnCommandFilter) {
 }
 
 namespace {
-// A callback that removes itself and its neighbour while the list is being walked.
+// A callback that removes itself (every entry it has) while the list is being walked.
 struct SelfRemoving {
   Controller* controller;
   int calls = 0;

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "dtFederationBackend.h"
+#include "tarvex/dtDeferredRemoval.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtMessage.h"
 
@@ -71,7 +72,7 @@ struct DtExerciseConn::Impl {
   DtInteractionDecoderList decoders;
   DtInteractionEncoderList encoders;
   DtInteractionFactory factory;
-  bool processing = false;
+  DtDeferredRemoval removal;  // callbacks removed while processIncoming() walks them
 
   void join(const char* executionName, const char* federateName, const char* fedFile, const char* backendName,
             void* rtiAmbassador) {
@@ -159,7 +160,6 @@ struct DtExerciseConn::Impl {
       const Callback c = state.callbacks[i];
       if (c.live) c.thunk(c.fn, inter.get(), c.usr);
     }
-    compact(state);
     return true;
   }
 
@@ -235,8 +235,8 @@ bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::
   Impl::ClassState& state = impl_->states[impl_->indexOf(desc)];
   for (Impl::Callback& c : state.callbacks) {
     if (!c.live || c.fn != fn || c.usr != usr) continue;
-    c.live = false;  // erased now, or after the delivery that is walking the list
-    if (!impl_->processing) Impl::compact(state);
+    c.live = false;
+    if (impl_->removal.eraseNow()) Impl::compact(state);
     if (--state.liveCallbacks == 0) impl_->backend->subscribe(desc->handle(), false);
     return true;
   }
@@ -264,18 +264,18 @@ bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
 
 int DtExerciseConn::processIncoming() {
   Impl& m = *impl_;
-  if (m.processing) return 0;
-  struct Processing {
-    bool& flag;
-    explicit Processing(bool& f) : flag(f) { flag = true; }
-    ~Processing() { flag = false; }
-  } processing(m.processing);
-  m.backend->poll();
+  if (m.removal.walking()) return 0;
   int delivered = 0;
-  m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
-    if (m.deliver(*this, cls, set)) ++delivered;
-  });
-  for (Impl::ClassState& state : m.states) Impl::compact(state);
+  m.removal.walk(
+      [&] {
+        m.backend->poll();
+        m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
+          if (m.deliver(*this, cls, set)) ++delivered;
+        });
+      },
+      [&] {
+        for (Impl::ClassState& state : m.states) Impl::compact(state);
+      });
   return delivered;
 }
 
