@@ -4,7 +4,7 @@
 
 namespace {
 // What a drained batch keeps for the next one. Steady traffic fits easily; a burst beyond it is given back.
-constexpr std::size_t kKeptBytes = 256 * 1024;
+constexpr std::size_t kKeptBytes = std::size_t{256} * 1024;
 constexpr std::size_t kKeptRecords = 4096;
 
 template <class T>

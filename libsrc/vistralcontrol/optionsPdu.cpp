@@ -464,17 +464,17 @@ void DtOptionsPdu::setExit(bool on) { setOptionValue<DtVistralExit>(*this, on); 
 // Text form and dump
 
 const char* DtOptionsPdu::string() const {
-  const int bytes = std::max(0, length());
+  const std::size_t bytes = static_cast<std::size_t>(std::max(0, length()));
   // Room for a whole fixed-size image on the stack; only a grown received image needs the heap.
   char local[2 * DtPdu::kInlineCapacity + 1];
   std::vector<char> large;
   char* out = local;
-  if (2 * bytes + 1 > static_cast<int>(sizeof local)) {
-    large.resize(static_cast<std::size_t>(2 * bytes + 1));
+  if (2 * bytes + 1 > sizeof local) {
+    large.resize(2 * bytes + 1);
     out = large.data();
   }
   const unsigned char* p = packet();
-  for (int i = 0; i < bytes; ++i) {
+  for (std::size_t i = 0; i < bytes; ++i) {
     out[2 * i] = kHexDigits[p[i] >> 4];
     out[2 * i + 1] = kHexDigits[p[i] & 0x0F];
   }
