@@ -112,7 +112,7 @@ class StandInViewer {
     mode_->setSenderId(name_);
     DtVistralControlInteraction report;
     report.setVcPdu(*mode_);
-    conn_.sendInteraction(report);
+    if (!conn_.sendInteraction(report)) std::cerr << name_.c_str() << ": cannot report the view mode\n";
     mode_->setStatusCommand(false);
   }
 

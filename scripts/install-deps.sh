@@ -10,6 +10,8 @@ command -v g++ >/dev/null 2>&1 || need+=(g++)
 [ -f /usr/include/gmock/gmock.h ] || need+=(libgmock-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
 command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
+command -v clang-format >/dev/null 2>&1 || need+=(clang-format)
+command -v clang-tidy >/dev/null 2>&1 || need+=(clang-tidy)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"
