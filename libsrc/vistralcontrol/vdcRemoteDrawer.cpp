@@ -143,7 +143,9 @@ void DtVistralRemoteDrawer::sendDrawControlPdu(DtVistralDrawControlPdu& pdu) {
   pdu.setSenderId(senderId_);
   if (conn_ != nullptr) {
     interaction_.setVcPdu(pdu);
-    conn_->sendInteraction(interaction_);
+    // A connection without the class or its encoder refuses the send and warns itself; the drawer, like the
+    // controller, has no error to report.
+    static_cast<void>(conn_->sendInteraction(interaction_));
   } else if (sender_ != nullptr) {
     sender_->sendPdu(pdu.packet(), pdu.length());
   } else {
