@@ -2,6 +2,8 @@
 // that turn a received image or a command number into an object of the right class.
 #pragma once
 
+#include <memory>
+
 #include "tarvex/dtNetViewControlPdu.h"
 #include "tarvex/dtPdu.h"
 #include "tarvex/dtString.h"
@@ -64,8 +66,9 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
   static int drawControlParamVersion(const DtNetViewControlPdu* image);
 
  protected:
-  // The text buffer that string() fills; const because string() is.
-  char* textBuffer() const { return text_; }
+  // The text buffer that string() fills (kTextBufferSize bytes, made on first use); const because string()
+  // is.
+  char* textBuffer() const;
   // printf-style formatting into the text buffer, cut at its end; returns the buffer.
   const char* formatText(const char* format, ...) const
 #if defined(__GNUC__)
@@ -74,8 +77,21 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
       ;
 
  private:
+  // The text form's buffer exists only once string() has been called: a PDU kept for long, as a drawn
+  // object's is, does not carry it otherwise. Copies carry the text along.
+  class TextBuffer {
+   public:
+    TextBuffer() = default;
+    TextBuffer(const TextBuffer& other);
+    TextBuffer& operator=(const TextBuffer& other);
+    char* get();
+
+   private:
+    std::unique_ptr<char[]> text_;
+  };
+
   mutable DtString idCache_;
-  mutable char text_[kTextBufferSize];
+  mutable TextBuffer text_;
 };
 
 // The request-state PDU: the fixed part alone, 152 bytes, command 14. Its ignore flags lie past its end and

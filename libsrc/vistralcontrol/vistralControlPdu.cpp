@@ -55,8 +55,29 @@ constexpr const char* kToolkitVersion = "5.8";
 const unsigned char* bytesOf(const void* image) { return static_cast<const unsigned char*>(image); }
 }  // namespace
 
+DtVistralControlPdu::TextBuffer::TextBuffer(const TextBuffer& other) { *this = other; }
+
+DtVistralControlPdu::TextBuffer& DtVistralControlPdu::TextBuffer::operator=(const TextBuffer& other) {
+  if (this == &other) return *this;
+  if (other.text_) {
+    std::memcpy(get(), other.text_.get(), kTextBufferSize);
+  } else if (text_) {
+    text_[0] = '\0';
+  }
+  return *this;
+}
+
+char* DtVistralControlPdu::TextBuffer::get() {
+  if (!text_) {
+    text_ = std::make_unique<char[]>(kTextBufferSize);
+    text_[0] = '\0';
+  }
+  return text_.get();
+}
+
+char* DtVistralControlPdu::textBuffer() const { return text_.get(); }
+
 DtVistralControlPdu::DtVistralControlPdu() {
-  text_[0] = '\0';
   if (!theVersionIsPrinted) {
     DtInfo.message("Using Quorel Technologies vistral control API version %s for Tarvex %s.\n", kApiVersion,
                    kToolkitVersion);
@@ -149,9 +170,10 @@ void DtVistralControlPdu::printData() const {
 const char* DtVistralControlPdu::formatText(const char* format, ...) const {
   va_list args;
   va_start(args, format);
-  std::vsnprintf(text_, sizeof text_, format, args);
+  char* text = textBuffer();
+  std::vsnprintf(text, kTextBufferSize, format, args);
   va_end(args);
-  return text_;
+  return text;
 }
 
 // ---------------------------------------------------------------------------------------------------------
