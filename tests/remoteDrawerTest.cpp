@@ -11,6 +11,7 @@
 #include "testSupport.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vdcAttGroup.h"
+#include "vistralcontrol/vdcDrawLayerObj.h"
 #include "vistralcontrol/vdcLine2DObj.h"
 #include "vistralcontrol/vdcRectangleObj.h"
 #include "vistralcontrol/vdcRemoteDrawer.h"
@@ -180,6 +181,10 @@ TEST(RemoteDrawer, DestructorRemovesInAscendingIdOrderAndDeletesWhatItHolds) {
   const std::string none = thrown([&] { nowhere.show(1); });
   EXPECT_EQ(none.rfind("DtException: No send mechanism in VistralRemoteDrawer (", 0), 0u) << none;
   EXPECT_NE(none.find("vdcRemoteDrawer.cpp:199)"), std::string::npos) << none;
+  // The object whose first send failed is held all the same; the drawer deletes it when it goes, without the
+  // failed remove command ending the program.
+  EXPECT_FALSE(thrown([&] { nowhere.add(new DtVdcDrawLayerObject(4, "l")); }).empty());
+  EXPECT_NE(nowhere.lookup(4), nullptr);
 }
 
 TEST(RemoteDrawer, AListeningFederateReceivesWhatTheDrawerSends) {

@@ -138,9 +138,8 @@ void DtVdcAreaPduBase::setFromString(const char* text) {
   // A texture name may be as long as the whole text.
   const AreaFields f = readAreaFields(VcText::afterBlank(text, kFieldsAfterBlank), std::strlen(text));
   setNumPoints(f.count);
-  for (int i = 0; i < kMaxPoints; ++i) {
-    setPoint(i, DtVector64(f.coordinates[3 * i], f.coordinates[3 * i + 1], f.coordinates[3 * i + 2]));
-  }
+  const float* c = f.coordinates;
+  for (int i = 0; i < kMaxPoints; ++i, c += 3) setPoint(i, DtVector64(c[0], c[1], c[2]));
   setTextureDirectory(f.directory.data());
   setTextureFilename(f.filename.data());
   setNumTextureTiles(f.tiles);

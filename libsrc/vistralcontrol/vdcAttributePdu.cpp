@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "tarvex/dtDump.h"
@@ -29,7 +30,7 @@ void DtVdcAttributePduBase::setName(DtString name) {
   const VdcLayout::Attribute& l = VdcLayout::of(*this, kAttribute);
   // The length field says what was stored: 0 for an empty name, whose old bytes stay behind it.
   setU32At(l.nameLength,
-           static_cast<std::uint32_t>(setInternalText(name, static_cast<unsigned long>(l.name))));
+           static_cast<std::uint32_t>(setInternalText(std::move(name), static_cast<unsigned long>(l.name))));
 }
 
 DtString DtVdcAttributePduBase::name() const {

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "tarvex/dtDump.h"
@@ -15,7 +16,7 @@ void DtVdcAttributeUpdatePduBase::setText(DtString text) {
   const VdcLayout::AttributeUpdate& l = VdcLayout::of(*this, kAttributeUpdate);
   // The length field says what was stored: 0 for an empty text, whose old bytes stay behind it.
   setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(text, static_cast<unsigned long>(l.text))));
+           static_cast<std::uint32_t>(setInternalText(std::move(text), static_cast<unsigned long>(l.text))));
 }
 
 DtString DtVdcAttributeUpdatePduBase::text() const {

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "tarvex/dtDump.h"
@@ -15,7 +16,7 @@ void DtVdcLayerPduBase::setName(DtString name) {
   const VdcLayout::Texted& l = VdcLayout::of(*this, kLayer);
   // The length field says what was stored: 0 for an empty name, whose old bytes stay behind it.
   setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(name, static_cast<unsigned long>(l.text))));
+           static_cast<std::uint32_t>(setInternalText(std::move(name), static_cast<unsigned long>(l.text))));
 }
 
 DtString DtVdcLayerPduBase::name() const {

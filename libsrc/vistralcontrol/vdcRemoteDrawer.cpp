@@ -71,7 +71,13 @@ DtVistralRemoteDrawer::~DtVistralRemoteDrawer() {
       objects_.erase(first);
       continue;
     }
-    remove(id);
+    try {
+      remove(id);
+    } catch (...) {
+      // Nowhere to send the remove command (a drawer with neither connection nor sender): the object goes
+      // all the same, rather than the exception ending the program from a destructor.
+      objects_.erase(id);
+    }
     if (deleted.insert(obj).second) delete obj;
   }
   conn_ = nullptr;  // the owned connection goes with ownedConn_

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "tarvex/dtDump.h"
@@ -20,7 +21,7 @@ void DtVdcTextPduBase::setText(DtString text) {
   const VdcLayout::Texted& l = VdcLayout::of(*this, kText);
   // The length field says what was stored: 0 for an empty text, whose old bytes stay behind it.
   setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(text, static_cast<unsigned long>(l.text))));
+           static_cast<std::uint32_t>(setInternalText(std::move(text), static_cast<unsigned long>(l.text))));
 }
 
 DtString DtVdcTextPduBase::text() const {

@@ -72,7 +72,8 @@ void DtVdcTrianglePduBase::setFromString(const char* text) {
   float v[3 * kNumPoints] = {};
   std::sscanf(VcText::afterBlank(text, kFieldsAfterBlank), "%f %f %f %f %f %f %f %f %f", &v[0], &v[1], &v[2],
               &v[3], &v[4], &v[5], &v[6], &v[7], &v[8]);
-  for (int i = 0; i < kNumPoints; ++i) setPoint(i, DtVector64(v[3 * i], v[3 * i + 1], v[3 * i + 2]));
+  const float* c = v;
+  for (int i = 0; i < kNumPoints; ++i, c += 3) setPoint(i, DtVector64(c[0], c[1], c[2]));
 }
 
 void DtVdcTrianglePduBase::printData() const {

@@ -62,7 +62,10 @@ void DtVistralDrawControlPdu::setParamVersion(unsigned int version) {
   setU16At(Fixed::drawVersion, static_cast<std::uint16_t>(version));
 }
 
-unsigned long DtVistralDrawControlPdu::setInternalText(DtString text, unsigned long offset) {
+// The text is taken by value, as the class has always declared it.
+unsigned long DtVistralDrawControlPdu::setInternalText(
+    DtString text,  // NOLINT(performance-unnecessary-value-param)
+    unsigned long offset) {
   const std::size_t n = text.length();
   if (n == 0) return 0;
   // A text that would take the PDU past what its length field can state is not stored.
