@@ -22,6 +22,15 @@
 #include "vistralcontrol/tetherTrackVcPdu.h"
 #include "vistralcontrol/tetherVcPdu.h"
 #include "vistralcontrol/trackVcPdu.h"
+#include "vistralcontrol/vdcAreaPdu.h"
+#include "vistralcontrol/vdcAttributePdu.h"
+#include "vistralcontrol/vdcAttributeUpdatePdu.h"
+#include "vistralcontrol/vdcCommandPdu.h"
+#include "vistralcontrol/vdcLayerPdu.h"
+#include "vistralcontrol/vdcLinePdu.h"
+#include "vistralcontrol/vdcPolyObjectPdu.h"
+#include "vistralcontrol/vdcTextPdu.h"
+#include "vistralcontrol/vdcTrianglePdu.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
 namespace fuzz {
@@ -63,8 +72,8 @@ inline void readViewControl(const DtVistralControlPdu& pdu) {
     (void)p->markingText().length();
   }
   if (const auto* p = dynamic_cast<const DtOrbitVCPdu*>(&pdu)) {
-    (void)(p->radius() + p->azimuthRate() + p->heading() + p->pitch() + p->headingOffset() + p->pitchOffset() +
-           p->roll());
+    (void)(p->radius() + p->azimuthRate() + p->heading() + p->pitch() + p->headingOffset() +
+           p->pitchOffset() + p->roll());
     (void)p->attachId().length();
     (void)p->markingText().length();
   }
@@ -109,7 +118,8 @@ inline void readViewControl(const DtVistralControlPdu& pdu) {
     readLists(*p);
   }
   if (const auto* p = dynamic_cast<const DtOptionsPdu*>(&pdu)) {
-    for (int option = -1; option <= 128; ++option) (void)p->optionPresent(static_cast<DtVistralOption>(option));
+    for (int option = -1; option <= 128; ++option)
+      (void)p->optionPresent(static_cast<DtVistralOption>(option));
     (void)(p->locatorRange() + p->smoothingPeriod() + p->clampRange() + p->floor() + p->timeOfDay() +
            p->nearClip() + p->farClip() + p->fov() + p->nearFog() + p->farFog() + p->blockedDistance());
     (void)(p->stepsize() + p->turnrate() + p->terrainScale() + p->objectScale());
@@ -123,6 +133,57 @@ inline void readViewControl(const DtVistralControlPdu& pdu) {
            p->currentTextureSet().length() + p->videoCaptureFilename().length() +
            p->videoCaptureDirectory().length() + p->videoCaptureFilenameBase().length() +
            p->featureFilename().length());
+  }
+}
+
+// The draw-control bodies: every getter of the object's class, at the edges of every index.
+inline void readDrawControl(const DtVistralDrawControlPdu& pdu) {
+  (void)(pdu.objectId() + pdu.type() + pdu.paramVersion());
+  (void)DtVistralDrawControlPdu::typeString(static_cast<int>(std::uint32_t{pdu.type()}));
+  if (const auto* p = dynamic_cast<const DtVdcAttachablePdu*>(&pdu)) {
+    (void)DtVdcAttachablePdu::typeString(p->attachmentType());
+    for (int i : {-1, 0, 1, 2, 1 << 30}) {
+      (void)p->relativeLocation(i);
+      (void)p->attachEntityId(i).length();
+      (void)p->attachObjectId(i);
+      (void)p->position(i);
+    }
+    (void)p->offset();
+    if (const unsigned char* rgba = p->color()) (void)(rgba[0] + rgba[3]);
+    (void)p->flashing();
+  }
+  if (const auto* p = dynamic_cast<const DtVdcLinePdu*>(&pdu)) {
+    const unsigned count = p->numSegments();
+    for (unsigned i : {0U, count - 1, count, count + 1, 255U, ~0U}) {
+      (void)p->typeString(p->arrowStyle(i));
+      (void)p->typeString(p->appearance(i));
+      (void)(p->thickness(i) + p->pattern(i) + p->percentage(i));
+      if (const unsigned char* rgba = p->color(i)) (void)(rgba[0] + rgba[3]);
+    }
+    (void)(p->checkLos() || p->projected());
+  }
+  if (const auto* p = dynamic_cast<const DtVdcPolyObjectPduBase*>(&pdu)) {
+    (void)(p->fill() || p->pattern() != 0);
+    (void)p->scale();
+    (void)p->rotation();
+  }
+  if (const auto* p = dynamic_cast<const DtVdcTrianglePduBase*>(&pdu)) {
+    for (int i : {-1, 0, 2, 3, 1 << 30}) (void)p->point(i);
+  }
+  if (const auto* p = dynamic_cast<const DtVdcAreaPduBase*>(&pdu)) {
+    for (int i : {-1, 0, p->numPoints(), 15, 16, 1 << 30}) (void)p->point(i);
+    (void)(p->textureDirectory().length() + p->textureFilename().length() + p->numTextureTiles());
+  }
+  if (const auto* p = dynamic_cast<const DtVdcTextPduBase*>(&pdu)) (void)p->text().length();
+  if (const auto* p = dynamic_cast<const DtVdcLayerPduBase*>(&pdu)) (void)p->name().length();
+  if (const auto* p = dynamic_cast<const DtVdcCommandPduBase*>(&pdu)) (void)p->layerId();
+  if (const auto* p = dynamic_cast<const DtVdcAttributePduBase*>(&pdu)) {
+    (void)(p->name().length() + p->attributeGroupId());
+    (void)(p->hasRange() ? p->rangeMin() + p->rangeMax() : 0.0);
+  }
+  if (const auto* p = dynamic_cast<const DtVdcAttributeUpdatePduBase*>(&pdu)) {
+    (void)(p->text().length() + p->groupId());
+    (void)(p->valueX() + p->valueY());
   }
 }
 
@@ -148,6 +209,7 @@ inline void readEverything(const DtVistralControlPdu& pdu) {
     (void)move->reset();
   }
   readViewControl(pdu);
+  if (const auto* draw = dynamic_cast<const DtVistralDrawControlPdu*>(&pdu)) readDrawControl(*draw);
   pdu.print();
   pdu.printDataToStream(nullStream());
   (void)pdu.string();
@@ -244,6 +306,68 @@ inline void writeViewControl(DtVistralControlPdu& pdu, const std::string& text) 
   }
 }
 
+// The draw-control bodies: every setter of the object's class, with values and indices taken from the input.
+inline void writeDrawControl(DtVistralDrawControlPdu& pdu, const std::string& text) {
+  const int value = static_cast<int>(text.size()) * 7919 + (text.empty() ? 0 : text[0]);
+  const auto number = static_cast<double>(value) / 7.0;
+  unsigned char rgba[4] = {static_cast<unsigned char>(value), 1, 2, 3};
+  pdu.setObjectId(static_cast<std::uint32_t>(value));
+  (void)pdu.setInternalText(text, static_cast<unsigned long>(value) % 70000);
+  (void)pdu.internalText(value, static_cast<unsigned long>(value) % 70000).length();
+  if (auto* p = dynamic_cast<DtVdcAttachablePdu*>(&pdu)) {
+    const char pos[2] = {static_cast<char>(value), static_cast<char>(-value)};
+    p->attachTo(pos, pos);
+    p->attachTo(text, DtVector64(number, 1e300, -number));
+    p->setRelativeLocation(static_cast<unsigned char>(value), value % 300 - 100);
+    p->setColor(rgba);
+    p->setFlashing(value % 2 == 0);
+    p->setAttachmentType(static_cast<DtVdcAttachablePdu::DtVcObjectAttachment>(value));
+  }
+  if (auto* p = dynamic_cast<DtVdcLinePdu*>(&pdu)) {
+    p->setNumSegments(static_cast<unsigned char>(value));
+    for (unsigned i : {0U, static_cast<unsigned>(value) % 300, ~0U}) {
+      p->setArrowStyle(i, static_cast<DtVdcLinePdu::DtVdcLineArrowStyle>(value));
+      p->setAppearance(i, static_cast<DtVdcLinePdu::DtVdcLineAppearance>(value));
+      p->setThickness(i, static_cast<unsigned char>(value));
+      p->setPattern(i, static_cast<std::uint32_t>(value));
+      p->setColor(i, rgba);
+      p->setPercentage(i, static_cast<unsigned char>(value));
+    }
+    p->setCheckLos(value % 3 == 0);
+    p->setProjected(value % 5 == 0);
+  }
+  if (auto* p = dynamic_cast<DtVdcPolyObjectPduBase*>(&pdu)) {
+    p->setFill(value % 2 == 1);
+    p->setScale(DtVector64(number, 1e300, -1e-300));
+    p->setRotation(DtTaitBryan(number, 1e300, -1e-300));
+  }
+  if (auto* p = dynamic_cast<DtVdcTrianglePduBase*>(&pdu)) {
+    for (int i : {-1, value % 5, 1 << 30}) p->setPoint(i, DtVector64(number, number, number));
+  }
+  if (auto* p = dynamic_cast<DtVdcAreaPduBase*>(&pdu)) {
+    p->setNumPoints(value);
+    for (int i : {-1, value % 20, 1 << 30}) p->setPoint(i, DtVector64(number, number, number));
+    p->setTextureDirectory(text);
+    p->setTextureFilename(text + text);
+    p->setNumTextureTiles(value);
+  }
+  if (auto* p = dynamic_cast<DtVdcTextPduBase*>(&pdu)) p->setText(text);
+  if (auto* p = dynamic_cast<DtVdcLayerPduBase*>(&pdu)) p->setName(text);
+  if (auto* p = dynamic_cast<DtVdcCommandPduBase*>(&pdu)) p->setLayerId(static_cast<std::uint32_t>(value));
+  if (auto* p = dynamic_cast<DtVdcAttributePduBase*>(&pdu)) {
+    p->setName(text);
+    p->setAttributeGroupId(static_cast<std::uint32_t>(value));
+    if (value % 3 == 0) p->setRange(-number, number);
+  }
+  if (auto* p = dynamic_cast<DtVdcAttributeUpdatePduBase*>(&pdu)) {
+    p->setText(text);
+    p->setGroupId(static_cast<std::uint32_t>(value));
+    p->setValueX(number);
+    p->setValueY(-number);
+  }
+  pdu.setParamVersion(static_cast<unsigned>(value) % 3);
+}
+
 // Writes through every setter, including the text form, with values taken from the input.
 inline void writeEverything(DtVistralControlPdu& pdu, const std::string& text) {
   pdu.setFromString(text.c_str());
@@ -254,6 +378,7 @@ inline void writeEverything(DtVistralControlPdu& pdu, const std::string& text) {
   pdu.setStatusCommand(!pdu.statusCommand());
   (void)pdu.isNumber(text.c_str());
   writeViewControl(pdu, text);
+  if (auto* draw = dynamic_cast<DtVistralDrawControlPdu*>(&pdu)) writeDrawControl(*draw, text);
 }
 
 }  // namespace fuzz

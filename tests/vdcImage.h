@@ -3,9 +3,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <string>
 
-#include "testSupport.h"
+#include "vcTestSupport.h"
 
 inline Bytes be16(unsigned v) { return bytes({int(v >> 8) & 0xff, int(v) & 0xff}); }
 inline Bytes be32(std::uint32_t v) {
@@ -34,4 +35,18 @@ class DrawImage {
   Bytes image_;
 };
 
+// The dump's last lines: what a subclass adds after its base's lines.
+inline bool endsWith(const std::string& text, const std::string& tail) {
+  return text.size() >= tail.size() && text.compare(text.size() - tail.size(), tail.size(), tail) == 0;
+}
+
 inline Bytes tailOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 146, pdu.length() - 146); }
+
+// A received copy of the PDU with a u32 field overwritten (a hostile length, say).
+template <class T>
+T withU32(const T& pdu, int offset, std::uint32_t value) {
+  ReceivedImage image(pdu);
+  const Bytes field = be32(value);
+  std::copy(field.begin(), field.end(), image.storage.begin() + offset);
+  return T(image.vc(), nullptr, nullptr);
+}

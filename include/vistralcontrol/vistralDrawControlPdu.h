@@ -55,6 +55,9 @@ enum DtVdcObjectType : int {
 class VISTRAL_EXPORT DtVistralDrawControlPdu : public DtVistralControlPdu {
  public:
   static constexpr unsigned kCurrentParamVersion = 1;
+  // Where the version mark and the parameter version sit (view-control images keep their ignore flags there).
+  static constexpr int kMarkOffset = 152;
+  static constexpr int kParamVersionOffset = 156;
 
   DtVistralDrawControlPdu();
   DtVistralDrawControlPdu(const DtVistralDrawControlPdu& other);
@@ -75,6 +78,12 @@ class VISTRAL_EXPORT DtVistralDrawControlPdu : public DtVistralControlPdu {
   virtual DtString internalText(int length, unsigned long offset) const;
   // 0 writes nothing (a version-0 PDU has no mark); any other value writes the mark and the version.
   virtual void setParamVersion(unsigned int version);
+
+  // paramVersion() == kCurrentParamVersion, read straight from the bytes: the choice every accessor makes,
+  // kept inline because it sits in front of every field access.
+  bool currentLayout() const {
+    return u32At(kMarkOffset) == kDrawControlMark && u16At(kParamVersionOffset) == kCurrentParamVersion;
+  }
 
   // The type's name without "Dt" ("VdcLine"), or "UnknownEnum".
   static const char* typeString(int type);

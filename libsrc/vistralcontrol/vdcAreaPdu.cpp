@@ -12,7 +12,6 @@ using VdcLayout::kArea;
 
 namespace {
 constexpr unsigned char kHalfWay = 50;
-constexpr int kPointSize = 24;  // x, y, z as f64
 constexpr int kCoordinates = 3 * DtVdcAreaPduBase::kMaxPoints;
 // The area's own fields are read from the character after this blank of the whole line. The point count
 // follows the 28th blank of what string() writes, so the reading starts at the 22nd coordinate; senders and
@@ -92,11 +91,12 @@ void DtVdcAreaPduBase::setNumPoints(int count) {
 int DtVdcAreaPduBase::numPoints() const { return u8At(VdcLayout::of(*this, kArea).numPoints); }
 
 void DtVdcAreaPduBase::setPoint(int index, const DtVector64& point) {
-  if (pointIndex(index)) setF64VectorAt(VdcLayout::of(*this, kArea).points + index * kPointSize, point);
+  if (pointIndex(index))
+    setF64VectorAt(VdcLayout::of(*this, kArea).points + index * VdcLayout::kPointSize, point);
 }
 
 DtVector64 DtVdcAreaPduBase::point(int index) const {
-  return pointIndex(index) ? f64VectorAt(VdcLayout::of(*this, kArea).points + index * kPointSize)
+  return pointIndex(index) ? f64VectorAt(VdcLayout::of(*this, kArea).points + index * VdcLayout::kPointSize)
                            : DtVector64();
 }
 

@@ -19,8 +19,11 @@ struct Pair {
 // The layout a PDU's own bytes select: exactly parameter version 1 is current, anything else version 0.
 template <class L>
 const L& of(const DtVistralDrawControlPdu& pdu, const Pair<L>& pair) {
-  return pdu.paramVersion() == DtVistralDrawControlPdu::kCurrentParamVersion ? pair.current : pair.v0;
+  return pdu.currentLayout() ? pair.current : pair.v0;
 }
+static_assert(DtVistralDrawControlPdu::kMarkOffset == VcLayout::Fixed::drawMark &&
+                  DtVistralDrawControlPdu::kParamVersionOffset == VcLayout::Fixed::drawVersion,
+              "the draw header's mark and version");
 
 // The draw header that follows the control PDU's fixed part.
 struct Header {
@@ -107,15 +110,19 @@ static_assert(kPoly.current.flags == kAttachable.current.flags && kPoly.v0.flags
 constexpr int kPolyLength = 412;  // both layouts; version 0 leaves its last 8 bytes unused
 constexpr unsigned kPolyDefaultPattern = 0x00FFFFFF;
 
+// A point of a triangle or an area: x, y, z as f64.
+constexpr int kPointSize = 24;
+
 struct Triangle {
   int points;  // 3 x (3 x f64)
   int length;
 };
 constexpr int kTrianglePoints = 3;
 constexpr Pair<Triangle> kTriangle{{416, 488}, {404, 484}};
-static_assert(kTriangle.current.points + kTrianglePoints * 24 == kTriangle.current.length,
+static_assert(kTriangle.current.points + kTrianglePoints * kPointSize == kTriangle.current.length,
               "current triangle");
-static_assert(kTriangle.v0.points + kTrianglePoints * 24 + 8 == kTriangle.v0.length, "version-0 triangle");
+static_assert(kTriangle.v0.points + kTrianglePoints * kPointSize + 8 == kTriangle.v0.length,
+              "version-0 triangle");
 
 // Areas: the texture and count fields sit at the same places in both layouts, so a version-0 area, which
 // ends where they begin, never carries them on the wire.
@@ -130,7 +137,7 @@ struct Area {
 constexpr int kAreaPoints = 16;
 constexpr int kTextureNameWidth = 256;
 constexpr Pair<Area> kArea{{412, 796, 1052, 1308, 1309, 1312}, {404, 796, 1052, 1308, 1309, 796}};
-static_assert(kArea.current.points + kAreaPoints * 24 == kArea.current.textureFilename,
+static_assert(kArea.current.points + kAreaPoints * kPointSize == kArea.current.textureFilename,
               "points then texture");
 static_assert(kArea.current.textureDirectory + kTextureNameWidth + 4 == kArea.current.length, "current area");
 static_assert(kArea.v0.length == kArea.v0.textureFilename, "a version-0 area ends before its texture");

@@ -14,7 +14,7 @@ constexpr int kNowhere = -1;
 
 // The segment table the PDU's bytes select, or null for a version-0 plain line.
 const SegmentTable* tableOf(const DtVdcLinePdu& pdu) {
-  if (pdu.paramVersion() == DtVistralDrawControlPdu::kCurrentParamVersion) return &VdcLayout::kLineTable;
+  if (pdu.currentLayout()) return &VdcLayout::kLineTable;
   const std::uint32_t type = pdu.type();
   return type == DtVdc2DSegmentedLine || type == DtVdc3DSegmentedLine ? &VdcLayout::kSegmentedLineV0Table
                                                                       : nullptr;
@@ -84,7 +84,8 @@ int DtVdcLinePdu::field(Access access, unsigned int segment, int recordOffset, i
   const SegmentTable* table = tableOf(*this);
   if (table == nullptr) return access == Access::indexedSet ? kNowhere : plainOffset;
   if (access == Access::wholeLine) segment = 0;
-  return segment < numSegments() ? recordAt(*table, segment, recordOffset) : kNowhere;
+  const unsigned count = static_cast<unsigned char>(u32At(table->count));  // as numSegments() reads it
+  return segment < count ? recordAt(*table, segment, recordOffset) : kNowhere;
 }
 
 void DtVdcLinePdu::setBits(int at, unsigned mask, unsigned bits) {
@@ -176,7 +177,7 @@ const unsigned char* DtVdcLinePdu::color(unsigned int segment) const {
 // The line's colour is segment 0's in the current layout and the attachable colour in version 0, where only a
 // plain line may set it.
 void DtVdcLinePdu::setColor(unsigned char* rgba) {
-  if (paramVersion() == kCurrentParamVersion) {
+  if (currentLayout()) {
     setColor(0U, rgba);
   } else if (tableOf(*this) == nullptr) {
     DtVdcAttachablePdu::setColor(rgba);
@@ -184,24 +185,20 @@ void DtVdcLinePdu::setColor(unsigned char* rgba) {
 }
 
 const unsigned char* DtVdcLinePdu::color() const {
-  return paramVersion() == kCurrentParamVersion ? color(0U) : DtVdcAttachablePdu::color();
+  return currentLayout() ? color(0U) : DtVdcAttachablePdu::color();
 }
 
 void DtVdcLinePdu::setCheckLos(bool check) {
-  if (paramVersion() == kCurrentParamVersion) setU8At(VdcLayout::kLineTable.checkLos, check ? 1 : 0);
+  if (currentLayout()) setU8At(VdcLayout::kLineTable.checkLos, check ? 1 : 0);
 }
 
-bool DtVdcLinePdu::checkLos() const {
-  return paramVersion() == kCurrentParamVersion && u8At(VdcLayout::kLineTable.checkLos) != 0;
-}
+bool DtVdcLinePdu::checkLos() const { return currentLayout() && u8At(VdcLayout::kLineTable.checkLos) != 0; }
 
 void DtVdcLinePdu::setProjected(bool projected) {
-  if (paramVersion() == kCurrentParamVersion) setU8At(VdcLayout::kLineTable.projected, projected ? 1 : 0);
+  if (currentLayout()) setU8At(VdcLayout::kLineTable.projected, projected ? 1 : 0);
 }
 
-bool DtVdcLinePdu::projected() const {
-  return paramVersion() == kCurrentParamVersion && u8At(VdcLayout::kLineTable.projected) != 0;
-}
+bool DtVdcLinePdu::projected() const { return currentLayout() && u8At(VdcLayout::kLineTable.projected) != 0; }
 
 const char* DtVdcLinePdu::typeString(DtVdcLineArrowStyle style) const {
   return style < std::size(kArrowStyleNames) ? kArrowStyleNames[style] : "UnknownEnum";

@@ -53,7 +53,7 @@ DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(const DtNetViewControlPdu* image, DtB
 DtVdcPolyObjectPduV0::~DtVdcPolyObjectPduV0() = default;
 
 void DtVdcPolyObjectPduBase::setFill(bool fill) const {
-  // The fill bit is part of the image, not of the object's logical state as its users see it.
+  // Declared const so that a shape held by const reference can still be filled.
   auto* self = const_cast<DtVdcPolyObjectPduBase*>(this);
   self->setFlagBits(VdcLayout::kFillBit, fill ? VdcLayout::kFillBit : 0);
 }

@@ -10,7 +10,6 @@ using VdcLayout::kTriangle;
 
 namespace {
 constexpr unsigned char kHalfWay = 50;
-constexpr int kPointSize = 24;  // x, y, z as f64
 // The points follow the 27th blank of the whole line: after the attachable and poly-object fields.
 constexpr int kFieldsAfterBlank = 27;
 static_assert(DtVdcTrianglePduBase::kNumPoints == VdcLayout::kTrianglePoints, "three corners");
@@ -53,12 +52,14 @@ DtVdcTrianglePduV0::DtVdcTrianglePduV0(const DtNetViewControlPdu* image, DtBuffe
 DtVdcTrianglePduV0::~DtVdcTrianglePduV0() = default;
 
 void DtVdcTrianglePduBase::setPoint(int index, const DtVector64& point) {
-  if (cornerIndex(index)) setF64VectorAt(VdcLayout::of(*this, kTriangle).points + index * kPointSize, point);
+  if (cornerIndex(index))
+    setF64VectorAt(VdcLayout::of(*this, kTriangle).points + index * VdcLayout::kPointSize, point);
 }
 
 DtVector64 DtVdcTrianglePduBase::point(int index) const {
-  return cornerIndex(index) ? f64VectorAt(VdcLayout::of(*this, kTriangle).points + index * kPointSize)
-                            : DtVector64();
+  return cornerIndex(index)
+             ? f64VectorAt(VdcLayout::of(*this, kTriangle).points + index * VdcLayout::kPointSize)
+             : DtVector64();
 }
 
 const char* DtVdcTrianglePduBase::string() const {

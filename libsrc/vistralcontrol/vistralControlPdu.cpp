@@ -252,13 +252,13 @@ constexpr DrawRow kDrawTable[] = {
 
     {DtVcDrawArea, fromImage<DtVdcAreaPdu>, fromImage<DtVdcAreaPduV0>},
 
-    // rows for DtVcDrawText and its family
+    {DtVcDrawText, fromImage<DtVdcTextPdu>, fromImage<DtVdcTextPduV0>},
 
-    // rows for DtVcDrawAttribute and its family
+    {DtVcDrawAttribute, fromImage<DtVdcAttributePdu>, fromImage<DtVdcAttributePduV0>},
 
-    // rows for DtVcDrawAttributeUpdate and its family
+    {DtVcDrawAttributeUpdate, fromImage<DtVdcAttributeUpdatePdu>, fromImage<DtVdcAttributeUpdatePduV0>},
 
-    // rows for DtVcDrawLayer and its family
+    {DtVcDrawLayer, fromImage<DtVdcLayerPdu>, fromImage<DtVdcLayerPduV0>},
 };
 
 DtPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder) {

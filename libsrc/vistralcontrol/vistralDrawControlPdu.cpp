@@ -172,13 +172,15 @@ constexpr NewRow kNewTable[] = {
 
     {DtVdc3DArea, DtVdc3DArea, makeEmpty<DtVdcAreaPdu>, 0, nullptr},
 
-    // rows for DtVdc2DText and its family
+    {DtVdc2DText, DtVdc3DText, makeEmpty<DtVdcTextPdu>, 0, makeEmpty<DtVdcTextPduV0>},
 
-    // rows for DtVdcAttributeGroupTemplate and its family
+    {DtVdcAttributeGroupTemplate, DtVdcAttributeBitmap, makeEmpty<DtVdcAttributePdu>, 0,
+     makeEmpty<DtVdcAttributePduV0>},
 
-    // rows for DtVdcAttributeValueSet and its family
+    {DtVdcAttributeValueSet, DtVdcAttributeValueSetText, makeEmpty<DtVdcAttributeUpdatePdu>, 0,
+     makeEmpty<DtVdcAttributeUpdatePduV0>},
 
-    // rows for DtVdcLayer and its family
+    {DtVdcLayer, DtVdcLayer, makeEmpty<DtVdcLayerPdu>, 0, makeEmpty<DtVdcLayerPduV0>},
 };
 
 const NewRow* newRow(int type) {

@@ -1,0 +1,112 @@
+// The draw-control receive tables and builders: which class each command and version yields, by both
+// creation paths, and the asymmetries the builders keep.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <typeinfo>
+
+#include "drawTestSupport.h"
+#include "vistralcontrol/vdcAreaPdu.h"
+#include "vistralcontrol/vdcAttributePdu.h"
+#include "vistralcontrol/vdcAttributeUpdatePdu.h"
+#include "vistralcontrol/vdcCommandPdu.h"
+#include "vistralcontrol/vdcLayerPdu.h"
+#include "vistralcontrol/vdcLinePdu.h"
+#include "vistralcontrol/vdcPolyObjectPdu.h"
+#include "vistralcontrol/vdcTextPdu.h"
+#include "vistralcontrol/vdcTrianglePdu.h"
+
+namespace {
+// A received draw image: command, and the mark with a version when version >= 0.
+std::unique_ptr<DtPdu> receive(unsigned command, int version, bool fromNet, unsigned objectIdAt152 = 0) {
+  Image img(400, command, false);
+  if (version >= 0) img.put(152, concat({be32(0x600DF00D), be16(static_cast<unsigned>(version))}));
+  if (objectIdAt152 != 0) img.put(152, be32(objectIdAt152)).put(156, be32(DtVdc2DLine));
+  ReceivedImage image(img.b);
+  return std::unique_ptr<DtPdu>(fromNet ? DtVistralControlPdu::createFromNet(image.header(), nullptr, nullptr)
+                                        : DtVistralControlPdu::create(image.header(), nullptr, nullptr));
+}
+
+struct Row {
+  unsigned command;
+  const std::type_info& current;
+  const std::type_info& v0;
+};
+const Row kRows[] = {
+    {2510, typeid(DtVdcCommandPdu), typeid(DtVdcCommandPduV0)},
+    {2520, typeid(DtVdcLinePdu), typeid(DtVdcLinePduV0)},
+    {2530, typeid(DtVdcLinePdu), typeid(DtVdcSegmentedLinePduV0)},
+    {2540, typeid(DtVdcPolyObjectPdu), typeid(DtVdcPolyObjectPduV0)},
+    {2550, typeid(DtVdcTrianglePdu), typeid(DtVdcTrianglePduV0)},
+    {2553, typeid(DtVdcAreaPdu), typeid(DtVdcAreaPduV0)},
+    {2560, typeid(DtVdcTextPdu), typeid(DtVdcTextPduV0)},
+    {2570, typeid(DtVdcAttributePdu), typeid(DtVdcAttributePduV0)},
+    {2580, typeid(DtVdcAttributeUpdatePdu), typeid(DtVdcAttributeUpdatePduV0)},
+    {2590, typeid(DtVdcLayerPdu), typeid(DtVdcLayerPduV0)},
+};
+}  // namespace
+
+TEST(DrawDispatch, MarkAndVersionChooseTheTable) {
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.command);
+    EXPECT_EQ(typeid(*receive(row.command, 1, false)), row.current);
+    EXPECT_EQ(typeid(*receive(row.command, 7, false)), row.current);  // any non-zero version
+    EXPECT_EQ(typeid(*receive(row.command, 0, false)), row.v0);       // marked, version 0
+    EXPECT_EQ(typeid(*receive(row.command, -1, false)), row.v0);      // no mark
+    // The receive path of the connection never reads version 0.
+    EXPECT_EQ(typeid(*receive(row.command, -1, true)), row.current);
+    EXPECT_EQ(typeid(*receive(row.command, 0, true)), row.current);
+  }
+  // A received segmented line in the current layout becomes a plain line command.
+  EXPECT_EQ(static_cast<DtVistralControlPdu&>(*receive(2530, 1, true)).viewerCommand(), 2520);
+  for (unsigned unknown : {2500u, 2511u, 2554u, 2600u}) {
+    EXPECT_EQ(typeid(*receive(unknown, 1, false)), typeid(DtUnknownVistralControlPdu)) << unknown;
+    EXPECT_EQ(typeid(*receive(unknown, -1, true)), typeid(DtUnknownVistralControlPdu)) << unknown;
+  }
+}
+
+TEST(DrawDispatch, AVersionZeroObjectIdEqualToTheMarkReadsAsVersioned) {
+  // Object id 0x600DF00D: the high half of the type that follows is read as the version.
+  for (unsigned type : {2521u, 0x00010000u | 2521u}) {
+    Image img(400, 2520, false);
+    img.put(152, be32(0x600DF00D)).put(156, be32(type));
+    ReceivedImage image(img.b);
+    EXPECT_EQ(DtVistralControlPdu::drawControlParamVersion(image.vc()), static_cast<int>(type >> 16));
+    std::unique_ptr<DtPdu> pdu(DtVistralControlPdu::create(image.header(), nullptr, nullptr));
+    EXPECT_EQ(typeid(*pdu), type >> 16 ? typeid(DtVdcLinePdu) : typeid(DtVdcLinePduV0));
+  }
+  // A version other than 1 reaches the current table, but its accessors read the version-0 offsets.
+  auto two = receive(2520, 2, true);
+  auto& line = dynamic_cast<DtVdcLinePdu&>(*two);
+  EXPECT_EQ(line.paramVersion(), 2u);
+  EXPECT_EQ(line.objectId(), 0x600DF00Du);
+}
+
+TEST(DrawDispatch, BuildersByTypeKeepTheirAsymmetries) {
+  const auto make = [](int type, bool v0) {
+    return std::unique_ptr<DtVistralControlPdu>(v0 ? DtNewDrawControlPduV0(static_cast<DtViewerCommand>(type))
+                                                   : DtNewDrawControlPdu(static_cast<DtViewerCommand>(type)));
+  };
+  for (int group : {2489, 2510, 2520, 2530, 2540, 2550, 2553, 2560, 2570, 2580, 2516, 2578, 2584, 2591}) {
+    EXPECT_EQ(make(group, false), nullptr) << group;
+    EXPECT_EQ(make(group, true), nullptr) << group;
+  }
+  EXPECT_EQ(make(2555, true), nullptr);  // no version-0 area from the builder
+  for (int segmented : {2531, 2532}) {
+    auto current = make(segmented, false);
+    EXPECT_EQ(typeid(*current), typeid(DtVdcLinePdu));
+    EXPECT_EQ(dynamic_cast<DtVdcLinePdu&>(*current).type(), static_cast<unsigned>(segmented - 10));
+    auto v0 = make(segmented, true);
+    EXPECT_EQ(typeid(*v0), typeid(DtVdcSegmentedLinePduV0));
+    EXPECT_EQ(dynamic_cast<DtVdcLinePdu&>(*v0).type(), static_cast<unsigned>(segmented));
+  }
+  // The general builder falls through to the draw table; modeless stays a hole.
+  std::unique_ptr<DtVistralControlPdu> hide(DtNewVistralControlPdu(static_cast<DtViewerCommand>(2512)));
+  ASSERT_NE(hide, nullptr);
+  EXPECT_EQ(typeid(*hide), typeid(DtVdcCommandPdu));
+  EXPECT_EQ(dynamic_cast<DtVdcCommandPdu&>(*hide).type(), 2512u);
+  EXPECT_EQ(DtNewVistralControlPdu(DtVcModeless), nullptr);
+  // An empty command PDU names no command yet.
+  DtVdcCommandPdu command;
+  EXPECT_EQ(command.type(), static_cast<unsigned>(DtVdcUndefined));
+}
