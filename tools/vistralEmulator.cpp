@@ -35,14 +35,16 @@ bool write(bool ok, const std::string& what, const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  DtCmdLine cmd("vistralEmulator",
-                "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
-                "54.0");
+  DtCmdLine cmd(
+      "vistralEmulator",
+      "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
+      "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "this viewer's id", "vistral-1");
-  const int federation = cmd.addValue("federation", "f", "NAME",
-                                      "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
-                                      "RTI 1.3 when one is built in)",
-                                      "VistralControl");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
+                   "RTI 1.3 when one is built in)",
+                   "VistralControl");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "run for N seconds (0: until interrupted)", "0");
   const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");
@@ -50,12 +52,17 @@ int main(int argc, char** argv) {
   const int json = cmd.addValue("json", "", "FILE", "write the state snapshot as JSON on leaving", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
   switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help: cmd.printUsage(std::cout); return 0;
-    case DtCmdLine::Result::Version: cmd.printVersion(std::cout); return 0;
+    case DtCmdLine::Result::Help:
+      cmd.printUsage(std::cout);
+      return 0;
+    case DtCmdLine::Result::Version:
+      cmd.printVersion(std::cout);
+      return 0;
     case DtCmdLine::Result::Error:
       cmd.printParseError(std::cerr);
       return 2;
-    case DtCmdLine::Result::Ok: break;
+    case DtCmdLine::Result::Ok:
+      break;
   }
   char* end = nullptr;
   const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
@@ -82,8 +89,10 @@ int main(int argc, char** argv) {
               << " objects, " << state.counters.received << " PDUs received, " << state.counters.answered
               << " state reports sent\n";
     bool ok = true;
-    if (!cmd.value(svg).empty()) ok &= write(DtWriteEmulatorPicture(state, cmd.value(svg)), "picture", cmd.value(svg));
-    if (!cmd.value(png).empty()) ok &= write(DtWriteEmulatorPicture(state, cmd.value(png)), "picture", cmd.value(png));
+    if (!cmd.value(svg).empty())
+      ok &= write(DtWriteEmulatorPicture(state, cmd.value(svg)), "picture", cmd.value(svg));
+    if (!cmd.value(png).empty())
+      ok &= write(DtWriteEmulatorPicture(state, cmd.value(png)), "picture", cmd.value(png));
     if (!cmd.value(json).empty())
       ok &= write(DtWriteEmulatorSnapshot(state, cmd.value(json)), "snapshot", cmd.value(json));
     return ok ? 0 : 1;

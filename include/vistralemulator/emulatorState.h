@@ -1,6 +1,6 @@
 // What a headless viewer holds after the control PDUs it has taken: its viewing mode with the parameters of
-// each mode, its options, its entity group and eye point, and the overlay objects drawn by id. Plain data with
-// no drawing code: the picture and snapshot writers read it, tests compare it.
+// each mode, its options, its entity group and eye point, and the overlay objects drawn by id. Plain data
+// with no drawing code: the picture and snapshot writers read it, tests compare it.
 #pragma once
 
 #include <array>
@@ -121,9 +121,9 @@ struct DtEmulatorObject {
 };
 
 struct DtEmulatorCounters {
-  long received = 0;  // control PDUs taken
-  long ignored = 0;   // PDUs for other viewers, status reports of other viewers, unknown commands
-  long answered = 0;  // state reports sent
+  long received = 0;        // control PDUs taken
+  long ignored = 0;         // PDUs for other viewers, status reports of other viewers, unknown commands
+  long answered = 0;        // state reports sent
   long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
 };
 

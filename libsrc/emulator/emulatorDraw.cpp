@@ -16,8 +16,8 @@
 namespace vistralemulator {
 namespace {
 
-// Command types beyond the enumeration: an attribute of a panel shown or hidden, on a group (2516, 2518) or on
-// a group template (2517, 2519). The command's object id names the attribute, its layer id the panel.
+// Command types beyond the enumeration: an attribute of a panel shown or hidden, on a group (2516, 2518) or
+// on a group template (2517, 2519). The command's object id names the attribute, its layer id the panel.
 constexpr int kShowGroupAttribute = 2516;
 constexpr int kShowTemplateAttribute = 2517;
 constexpr int kHideGroupAttribute = 2518;
@@ -30,9 +30,7 @@ DtEmulatorColor colorOf(const unsigned char* rgba) {
   return {rgba[0], rgba[1], rgba[2], rgba[3]};
 }
 
-bool isAttributeDefinition(int type) {
-  return type >= DtVdcAttributeNoValue && type <= DtVdcAttributeBitmap;
-}
+bool isAttributeDefinition(int type) { return type >= DtVdcAttributeNoValue && type <= DtVdcAttributeBitmap; }
 
 // What the PDU says about the object, into a record that keeps only what commands gave it (visibility,
 // layers) and, while the object stays the same kind, its panel values.
@@ -86,7 +84,8 @@ void describe(DtEmulatorObject& object, const DtVistralDrawControlPdu& pdu) {
     fresh.rotation = {r.psi(), r.theta(), r.phi()};
   }
   if (const auto* triangle = dynamic_cast<const DtVdcTrianglePduBase*>(&pdu)) {
-    for (int i = 0; i < DtVdcTrianglePduBase::kNumPoints; ++i) fresh.points.push_back(vec(triangle->point(i)));
+    for (int i = 0; i < DtVdcTrianglePduBase::kNumPoints; ++i)
+      fresh.points.push_back(vec(triangle->point(i)));
   }
   if (const auto* area = dynamic_cast<const DtVdcAreaPduBase*>(&pdu)) {
     // The count is one byte and is not bounded by the sixteen places the PDU has.
@@ -149,15 +148,29 @@ void command(DtEmulatorState& state, const DtVdcCommandPduBase& pdu) {
     return;
   }
   switch (type) {
-    case DtVdcCommandHide: target->visible = false; break;
-    case DtVdcCommandShow: target->visible = true; break;
-    case DtVdcCommandAddToLayer: target->layers.insert(pdu.layerId()); break;
-    case DtVdcCommandRemoveFromLayer: target->layers.erase(pdu.layerId()); break;
+    case DtVdcCommandHide:
+      target->visible = false;
+      break;
+    case DtVdcCommandShow:
+      target->visible = true;
+      break;
+    case DtVdcCommandAddToLayer:
+      target->layers.insert(pdu.layerId());
+      break;
+    case DtVdcCommandRemoveFromLayer:
+      target->layers.erase(pdu.layerId());
+      break;
     case kShowGroupAttribute:
-    case kShowTemplateAttribute: target->hiddenAttributes.erase(id); break;
+    case kShowTemplateAttribute:
+      target->hiddenAttributes.erase(id);
+      break;
     case kHideGroupAttribute:
-    case kHideTemplateAttribute: target->hiddenAttributes.insert(id); break;
-    default: ++state.counters.ignored; break;
+    case kHideTemplateAttribute:
+      target->hiddenAttributes.insert(id);
+      break;
+    default:
+      ++state.counters.ignored;
+      break;
   }
 }
 
@@ -174,12 +187,16 @@ void updateAttribute(DtEmulatorState& state, const DtVdcAttributeUpdatePduBase& 
       value.y = pdu.valueY();
       value.set = true;
       break;
-    case DtVdcAttributeValueReset: value = DtEmulatorAttributeValue{}; break;
+    case DtVdcAttributeValueReset:
+      value = DtEmulatorAttributeValue{};
+      break;
     case DtVdcAttributeValueSetText:
       value.text = pdu.text().c_str();
       value.set = true;
       break;
-    default: ++state.counters.ignored; break;
+    default:
+      ++state.counters.ignored;
+      break;
   }
 }
 

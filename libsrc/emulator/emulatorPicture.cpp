@@ -162,23 +162,27 @@ enum class AnchorKind { none, position, entity, object };
 AnchorKind anchorKind(int attachment, int index) {
   using K = AnchorKind;
   static const K kTable[12][2] = {
-      {K::position, K::none},   {K::position, K::position}, {K::entity, K::none},     {K::object, K::none},
-      {K::entity, K::position}, {K::object, K::position},   {K::position, K::entity}, {K::position, K::object},
-      {K::entity, K::object},   {K::object, K::entity},     {K::entity, K::entity},   {K::object, K::object},
+      {K::position, K::none},   {K::position, K::position}, {K::entity, K::none},
+      {K::object, K::none},     {K::entity, K::position},   {K::object, K::position},
+      {K::position, K::entity}, {K::position, K::object},   {K::entity, K::object},
+      {K::object, K::entity},   {K::entity, K::entity},     {K::object, K::object},
   };
   if (attachment < 0 || attachment > 11) return K::none;
   return kTable[attachment][index];
 }
 
-bool isOverlay(int type) {
-  switch (type) {
+// Screen-plane objects go on the overlay, unless they hang on an entity, which only the map can place.
+bool isOverlay(const DtEmulatorObject& o) {
+  switch (o.type) {
     case DtVdc2DLine:
     case DtVdc2DSegmentedLine:
     case DtVdcCircle:
     case DtVdcSquare:
     case DtVdc2DTriangle:
-    case DtVdc2DText: return true;
-    default: return false;
+    case DtVdc2DText:
+      return anchorKind(o.anchor.attachment, 0) != AnchorKind::entity;
+    default:
+      return false;
   }
 }
 
@@ -214,7 +218,8 @@ class Picture {
   std::optional<DtEmulatorVec> anchorPoint(const DtEmulatorObject& o, int index, int depth = 0) const {
     const DtEmulatorAnchor& a = o.anchor;
     switch (anchorKind(a.attachment, index)) {
-      case AnchorKind::position: return a.positions[index];
+      case AnchorKind::position:
+        return a.positions[index];
       case AnchorKind::entity: {
         const auto found = entities_.find(a.entities[index]);
         if (found == entities_.end()) return std::nullopt;
@@ -236,7 +241,8 @@ class Picture {
           for (int i = 0; i < 3; ++i) p[i] += target.anchor.offset[i];
         return p;
       }
-      case AnchorKind::none: return std::nullopt;
+      case AnchorKind::none:
+        return std::nullopt;
     }
     return std::nullopt;
   }
@@ -293,7 +299,7 @@ class Picture {
       if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     };
     for (const auto& [id, o] : state_.objects) {
-      if (!state_.shown(o) || isOverlay(o.type) || !o.attachable) continue;
+      if (!state_.shown(o) || isOverlay(o) || !o.attachable) continue;
       for (int i = 0; i < 2; ++i) {
         const AnchorKind kind = anchorKind(o.anchor.attachment, i);
         if (kind == AnchorKind::position) take(o.anchor.positions[i][0], o.anchor.positions[i][1]);
@@ -337,7 +343,8 @@ class Picture {
 
   void header() {
     cairo_set_source_rgb(cr_, 0.1, 0.1, 0.1);
-    text(cr_, 30, 32, "viewer " + printable(state_.viewerId) + " - mode " + DtEmulatorModeName(state_.view.mode), 20,
+    text(cr_, 30, 32,
+         "viewer " + printable(state_.viewerId) + " - mode " + DtEmulatorModeName(state_.view.mode), 20,
          true);
     std::string parameters;
     if (const DtEmulatorModeState* mode = currentMode())
@@ -363,7 +370,7 @@ class Picture {
     }
     cairo_stroke(cr_);
     for (const auto& [id, o] : state_.objects)
-      if (state_.shown(o) && isOverlay(o.type)) overlayObject(o);
+      if (state_.shown(o) && isOverlay(o)) overlayObject(o);
     panels();
     cairo_restore(cr_);
   }
@@ -409,7 +416,8 @@ class Picture {
         cairo_translate(cr_, at.x, at.y);
         cairo_rotate(cr_, -clampFar(o.rotation[2]) * kPi / 180);
         for (std::size_t i = 0; i < o.points.size(); ++i) {
-          const double x = clampFar(o.points[i][0] * sx * perUnit / 2), y = clampFar(-o.points[i][1] * sy * perUnit / 2);
+          const double x = clampFar(o.points[i][0] * sx * perUnit / 2),
+                       y = clampFar(-o.points[i][1] * sy * perUnit / 2);
           i == 0 ? cairo_move_to(cr_, x, y) : cairo_line_to(cr_, x, y);
         }
         cairo_close_path(cr_);
@@ -421,7 +429,8 @@ class Picture {
         setColor(cr_, o.color);
         text(cr_, at.x, at.y, o.text, 15);
         break;
-      default: break;
+      default:
+        break;
     }
     if (o.flashing) flashMarker(cr_, at);
   }
@@ -457,8 +466,9 @@ class Picture {
       cairo_set_line_width(cr_, 2);
       cairo_stroke(cr_);
       const auto templ = state_.objects.find(o.attributeGroupId);
-      const std::string title = "panel " + std::to_string(id) +
-                                (templ != state_.objects.end() ? " (" + printable(templ->second.text, 20) + ")" : "");
+      const std::string title =
+          "panel " + std::to_string(id) +
+          (templ != state_.objects.end() ? " (" + printable(templ->second.text, 20) + ")" : "");
       cairo_set_source_rgb(cr_, 0.1, 0.1, 0.1);
       text(cr_, left + 8, y + 17, title, 12, true);
       if (o.flashing) flashMarker(cr_, {left + 206, y + 12});
@@ -466,12 +476,14 @@ class Picture {
       for (std::size_t i = 0; i < rows.size() && i < 12; ++i, row += 18) {
         const auto [attribute, def] = rows[i];
         const auto value = o.values.find(attribute);
-        const DtEmulatorAttributeValue v = value == o.values.end() ? DtEmulatorAttributeValue{} : value->second;
-        std::string shown = !v.set ? "-" : def->type == DtVdcAttributeBitmap ? "[" + printable(v.text, 16) + "]"
-                                       : def->type == DtVdcAttributeGraphicListValue
-                                           ? "(" + number(v.x) + ", " + number(v.y) + ")"
-                                       : def->type == DtVdcAttributeNoValue ? ""
-                                                                            : number(v.x);
+        const DtEmulatorAttributeValue v =
+            value == o.values.end() ? DtEmulatorAttributeValue{} : value->second;
+        std::string shown = !v.set                              ? "-"
+                            : def->type == DtVdcAttributeBitmap ? "[" + printable(v.text, 16) + "]"
+                            : def->type == DtVdcAttributeGraphicListValue
+                                ? "(" + number(v.x) + ", " + number(v.y) + ")"
+                            : def->type == DtVdcAttributeNoValue ? ""
+                                                                 : number(v.x);
         cairo_set_source_rgb(cr_, 0.2, 0.2, 0.2);
         text(cr_, left + 8, row, printable(def->name, 16), 11);
         if (def->type == DtVdcAttributeGraphicSingleValue && def->hasRange && def->rangeMax > def->rangeMin) {
@@ -497,7 +509,7 @@ class Picture {
     cairo_rectangle(cr_, kMapLeft, kTop, kPane, kPane);
     cairo_clip(cr_);
     for (const auto& [id, o] : state_.objects)
-      if (state_.shown(o) && !isOverlay(o.type)) mapObject(o);
+      if (state_.shown(o) && !isOverlay(o)) mapObject(o);
     for (const auto& [name, p] : entities_) {
       const Point at = world(p.x, p.y);
       cairo_set_source_rgb(cr_, 0.25, 0.25, 0.55);
@@ -611,7 +623,8 @@ class Picture {
         text(cr_, a->x + 24, a->y - 6, "panel " + std::to_string(o.id), 10);
         return;
       }
-      default: return;
+      default:
+        return;
     }
   }
 
@@ -625,7 +638,8 @@ class Picture {
     };
     std::optional<Point> eye;
     std::optional<Point> target;
-    double heading = field("orientation.psi").value_or(field("heading").value_or(field("bodyHeading").value_or(0)));
+    double heading =
+        field("orientation.psi").value_or(field("heading").value_or(field("bodyHeading").value_or(0)));
     if (mode == 0 || mode == 6) {
       if (const auto p = vectorField("location")) eye = world(*p);
       if (mode == 6) target = entityAt(textField("trackId"));
@@ -724,8 +738,9 @@ class Picture {
     const DtEmulatorCounters& c = state_.counters;
     cairo_set_source_rgb(cr_, 0.3, 0.3, 0.3);
     text(cr_, 30, kTop + kPane + 28,
-         std::to_string(state_.objects.size()) + " objects (" + std::to_string(hidden) + " hidden, not drawn); " +
-             std::to_string(c.received) + " PDUs received, " + std::to_string(c.answered) + " state reports sent. " +
+         std::to_string(state_.objects.size()) + " objects (" + std::to_string(hidden) +
+             " hidden, not drawn); " + std::to_string(c.received) + " PDUs received, " +
+             std::to_string(c.answered) + " state reports sent. " +
              "Orange rays: flashing. Diamonds: entities, placed symbolically. Red dot: the eye point.",
          11);
   }

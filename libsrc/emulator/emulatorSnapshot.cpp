@@ -107,8 +107,12 @@ json objectJson(const DtEmulatorState& state, const DtEmulatorObject& o) {
       out["projected"] = o.projected;
       break;
     }
-    case DtVdcText: out["text"] = o.text; break;
-    case DtVdcLayer: out["name"] = o.text; break;
+    case DtVdcText:
+      out["text"] = o.text;
+      break;
+    case DtVdcLayer:
+      out["name"] = o.text;
+      break;
     case DtVdcAttribute: {
       out["name"] = o.text;
       out["attributeGroupId"] = o.attributeGroupId;
@@ -121,9 +125,11 @@ json objectJson(const DtEmulatorState& state, const DtEmulatorObject& o) {
       out["hiddenAttributes"] = o.hiddenAttributes;
       break;
     }
-    default: break;
+    default:
+      break;
   }
-  if (o.viewerCommand == DtVdcPolyObject || o.viewerCommand == DtVdcTriangle || o.viewerCommand == DtVdcArea) {
+  if (o.viewerCommand == DtVdcPolyObject || o.viewerCommand == DtVdcTriangle ||
+      o.viewerCommand == DtVdcArea) {
     out["fill"] = o.fill;
     out["pattern"] = o.pattern;
     out["scale"] = vecJson(o.scale);
@@ -149,14 +155,22 @@ const char* DtEmulatorModeName(int command) { return DtEnumString(static_cast<Dt
 const char* DtEmulatorKindName(int viewerCommand) {
   switch (viewerCommand) {
     case DtVcDrawLine:
-    case DtVcDrawSegmentedLine: return "line";
-    case DtVdcPolyObject: return "polyObject";
-    case DtVdcTriangle: return "triangle";
-    case DtVdcArea: return "area";
-    case DtVdcText: return "text";
-    case DtVdcAttribute: return "attribute";
-    case DtVdcLayer: return "layer";
-    default: return "unknown";
+    case DtVcDrawSegmentedLine:
+      return "line";
+    case DtVdcPolyObject:
+      return "polyObject";
+    case DtVdcTriangle:
+      return "triangle";
+    case DtVdcArea:
+      return "area";
+    case DtVdcText:
+      return "text";
+    case DtVdcAttribute:
+      return "attribute";
+    case DtVdcLayer:
+      return "layer";
+    default:
+      return "unknown";
   }
 }
 

@@ -1,6 +1,6 @@
 // Viewing modes, modeless commands, moves and options as a viewer applies them. Each mode's fields are listed
-// once, with the ignore bit that guards each, how to read it from the mode's PDU and how to write it back into
-// a report: applying a command and answering a request both walk the same list.
+// once, with the ignore bit that guards each, how to read it from the mode's PDU and how to write it back
+// into a report: applying a command and answering a request both walk the same list.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -154,7 +154,8 @@ bool carries(const DtVistralControlPdu& pdu) {
 // orientation's roll bit.
 template <class P>
 void sphereOffsets(std::vector<FieldRule>& f) {
-  f.push_back(number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
+  f.push_back(
+      number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
   f.push_back(number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
   f.push_back(number<P, &P::roll, &P::setRoll>("roll", DtVcIgnore::Roll));
 }
@@ -185,7 +186,8 @@ std::vector<ModeRules> buildRules() {
     m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
     m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-    m.fields.push_back(number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
+    m.fields.push_back(
+        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
     m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
     sphereOffsets<P>(m.fields);
     all.push_back(std::move(m));
@@ -205,7 +207,8 @@ std::vector<ModeRules> buildRules() {
     m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
     m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-    m.fields.push_back(number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
+    m.fields.push_back(
+        number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
     m.fields.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
     m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
     sphereOffsets<P>(m.fields);
@@ -224,8 +227,8 @@ std::vector<ModeRules> buildRules() {
     using P = DtTetherTrackVCPdu;
     ModeRules m{DtVcTetherTrack, &carries<P>, {}};
     m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(
-        text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
+                                                                                DtVcIgnore::FirstEntity));
     m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
     m.fields.push_back(
         text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
@@ -236,8 +239,8 @@ std::vector<ModeRules> buildRules() {
     using P = DtMimicTrackVCPdu;
     ModeRules m{DtVcMimicTrack, &carries<P>, {}};
     m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(
-        text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
+                                                                                DtVcIgnore::FirstEntity));
     m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
     m.fields.push_back(
         text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
@@ -271,7 +274,8 @@ std::vector<ModeRules> buildRules() {
     vectorFields<P, &P::pivotPoint, &P::setPivotPoint>(m.fields, "pivotPoint", kPositionX, kPositionY,
                                                        kPositionZ);
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-    m.fields.push_back(number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
+    m.fields.push_back(
+        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
     m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
     sphereOffsets<P>(m.fields);
     all.push_back(std::move(m));
@@ -369,7 +373,8 @@ void applyMove(DtEmulatorState& state, const DtMoveVCPdu& pdu) {
 
 std::unique_ptr<DtVistralControlPdu> modeReport(const DtEmulatorState& state) {
   const ModeRules* rules = rulesFor(state.view.mode);
-  std::unique_ptr<DtVistralControlPdu> report(DtNewViewControlPdu(static_cast<DtViewerCommand>(state.view.mode)));
+  std::unique_ptr<DtVistralControlPdu> report(
+      DtNewViewControlPdu(static_cast<DtViewerCommand>(state.view.mode)));
   if (rules == nullptr || report == nullptr || !rules->carries(*report)) return nullptr;
   static const DtEmulatorModeState kNothingGiven;
   const auto found = state.view.modes.find(rules->command);
@@ -409,8 +414,10 @@ const char* videoCaptureName(int command) {
   return command >= 0 && command < 4 ? kNames[command] : "unknown";
 }
 
-#define VISTRAL_OPTION(option, name, expression) \
-  OptionRule { option, name, [](const DtOptionsPdu& p) -> DtEmulatorValue { return expression; } }
+#define VISTRAL_OPTION(option, name, expression)                                      \
+  OptionRule {                                                                        \
+    option, name, [](const DtOptionsPdu& p) -> DtEmulatorValue { return expression; } \
+  }
 #define VISTRAL_FLAG(option, name, getter) VISTRAL_OPTION(option, name, bool(p.getter()))
 #define VISTRAL_NUMBER(option, name, getter) VISTRAL_OPTION(option, name, static_cast<double>(p.getter()))
 #define VISTRAL_TEXT(option, name, getter) VISTRAL_OPTION(option, name, std::string(p.getter().c_str()))
@@ -481,7 +488,7 @@ const OptionRule kOptions[] = {
     VISTRAL_OPTION(O::DtVistralFeatureCommand, "featureCommand",
                    std::string(p.featureCommand() == DtVistralControlFeatureLoad    ? "load"
                                : p.featureCommand() == DtVistralControlFeatureClear ? "clear"
-                                                                                     : "unknown")),
+                                                                                    : "unknown")),
 };
 
 #undef VISTRAL_TEXT
@@ -495,17 +502,22 @@ struct ActionRule {
   const char* name;
 };
 const ActionRule kActions[] = {
-    {O::DtVistralIncStepsize, "incrementStepsize"}, {O::DtVistralIncTurnrate, "incrementTurnrate"},
-    {O::DtVistralDecStepsize, "decrementStepsize"}, {O::DtVistralDecTurnrate, "decrementTurnrate"},
-    {O::DtVistralNextModelSet, "nextModelSet"},     {O::DtVistralPrevModelSet, "previousModelSet"},
-    {O::DtVistralNextTextureSet, "nextTextureSet"}, {O::DtVistralPrevTextureSet, "previousTextureSet"},
+    {O::DtVistralIncStepsize, "incrementStepsize"},
+    {O::DtVistralIncTurnrate, "incrementTurnrate"},
+    {O::DtVistralDecStepsize, "decrementStepsize"},
+    {O::DtVistralDecTurnrate, "decrementTurnrate"},
+    {O::DtVistralNextModelSet, "nextModelSet"},
+    {O::DtVistralPrevModelSet, "previousModelSet"},
+    {O::DtVistralNextTextureSet, "nextTextureSet"},
+    {O::DtVistralPrevTextureSet, "previousTextureSet"},
     {O::DtVistralExit, "exit"},
 };
 }  // namespace
 
 void applyOptions(DtEmulatorState& state, const DtOptionsPdu& pdu) {
   for (const OptionRule& rule : kOptions)
-    if (pdu.optionPresent(static_cast<DtVistralOption>(rule.option))) state.options[rule.name] = rule.read(pdu);
+    if (pdu.optionPresent(static_cast<DtVistralOption>(rule.option)))
+      state.options[rule.name] = rule.read(pdu);
   for (const ActionRule& rule : kActions) {
     if (!pdu.optionPresent(static_cast<DtVistralOption>(rule.option))) continue;
     DtEmulatorValue& count = state.options[rule.name];

@@ -23,7 +23,8 @@ DtVistralEmulator::DtVistralEmulator(DtExerciseConn* conn, const DtString& viewe
 
 DtVistralEmulator::DtVistralEmulator(const char* executionName, const DtString& viewerId, const char* fedFile)
     : viewerId_(viewerId),
-      ownedConn_(std::make_unique<DtExerciseConn>(executionName, viewerId.c_str(), fedFile, nullptr, nullptr)) {
+      ownedConn_(
+          std::make_unique<DtExerciseConn>(executionName, viewerId.c_str(), fedFile, nullptr, nullptr)) {
   conn_ = ownedConn_.get();
   listen();
 }
@@ -40,7 +41,8 @@ void DtVistralEmulator::listen() {
 }
 
 DtVistralEmulator::~DtVistralEmulator() {
-  if (conn_ != nullptr) DtVistralControlInteraction::removeCallback(conn_, &DtVistralEmulator::received, this);
+  if (conn_ != nullptr)
+    DtVistralControlInteraction::removeCallback(conn_, &DtVistralEmulator::received, this);
 }
 
 int DtVistralEmulator::processIncoming() { return conn_ != nullptr ? conn_->processIncoming() : 0; }
@@ -54,8 +56,8 @@ void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t lengt
   // The receive path reads as many bytes as the image's header states: give it a buffer that has them.
   std::vector<unsigned char> image(static_cast<std::size_t>(DtPdu::kMaxLength) + 1, 0);
   std::copy(bytes, bytes + std::min(length, image.size()), image.begin());
-  std::unique_ptr<DtPdu> made(
-      DtVistralControlPdu::createFromNet(reinterpret_cast<const DtNetPduHeader*>(image.data()), nullptr, nullptr));
+  std::unique_ptr<DtPdu> made(DtVistralControlPdu::createFromNet(
+      reinterpret_cast<const DtNetPduHeader*>(image.data()), nullptr, nullptr));
   if (const auto* pdu = dynamic_cast<const DtVistralControlPdu*>(made.get())) {
     apply(*pdu);
   } else {
