@@ -3,11 +3,14 @@
 //   --execution=Scenario                     the in-process federation
 //   --execution=thread:///Scenario           an RTI in this process
 //   --execution=rti://127.0.0.1:PORT/Scenario  an RTI server (PORT may be read from --port-file=<file>)
+//   --backend=rti13 --execution=Scenario     an RTI that finds its server by the environment
+//   --env-file=<file>                        NAME=value lines set in the environment before any connection
 //   --fed-dir=<dir>                          where the test FED files are
 // Over an RTI, a build without one skips every test and says so.
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -22,23 +25,22 @@
 #include "testSupport.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/hVistralControlInter.h"
-#include "vistralcontrol/orbitVcPdu.h"
-#include "vistralcontrol/vistralRemoteController.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
+#include "vistralcontrol/vistralRemoteController.h"
 
 namespace {
 std::string theExecution = "Scenario";
+std::string theBackend;  // empty: chosen by the execution name
 std::string theFedDir = ".";
 
-bool overRti() {
-  return theExecution.find("://") != std::string::npos;
-}
+bool overRti() { return theBackend == "rti13" || theExecution.find("://") != std::string::npos; }
+
+const char* backend() { return theBackend.empty() ? nullptr : theBackend.c_str(); }
 
 // One execution per test, so that tests do not hear each other.
-std::string execution(const std::string& suffix) {
-  return theExecution + "-" + suffix;
-}
+std::string execution(const std::string& suffix) { return theExecution + "-" + suffix; }
 
 #define SKIP_WITHOUT_BACKEND()                           \
   if (overRti() && !DtExerciseConn::rtiBackendBuiltIn()) \
@@ -47,7 +49,7 @@ std::string execution(const std::string& suffix) {
 // A federate that records every control PDU it receives: its class and its bytes.
 struct Federate {
   Federate(const std::string& exec, const char* name, const char* fed = nullptr)
-      : conn(exec.c_str(), name, static_cast<DtFomMapper*>(nullptr), fed, nullptr) {
+      : conn(exec.c_str(), name, fed, backend(), nullptr) {
     DtVistralControlRegister(&conn);
     DtVistralControlInteraction::addCallback(&conn, &Federate::received, this);
   }
@@ -120,12 +122,8 @@ std::vector<std::unique_ptr<DtVistralControlPdu>> samplePdus() {
   return out;
 }
 
-std::string typeOf(const DtVistralControlPdu& pdu) {
-  return typeid(pdu).name();
-}
-Bytes imageOf(const DtVistralControlPdu& pdu) {
-  return Bytes(pdu.packet(), pdu.packet() + pdu.length());
-}
+std::string typeOf(const DtVistralControlPdu& pdu) { return typeid(pdu).name(); }
+Bytes imageOf(const DtVistralControlPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
 }  // namespace
 
 TEST(FederationScenario, EveryOtherFederateReceivesEachPduInOrderNeverTheSender) {
@@ -209,8 +207,8 @@ void heardReport(const DtVistralControlPdu& pdu, void* usr) {
 TEST(FederationScenario, ControllerSteersAViewerAndHearsItsReport) {
   SKIP_WITHOUT_BACKEND();
   Federate viewer(execution("steer"), "vistral-1");
-  DtExerciseConn conn(execution("steer").c_str(), "controller", static_cast<DtFomMapper*>(nullptr), nullptr,
-                      nullptr);
+  const char* builtInFom = nullptr;
+  DtExerciseConn conn(execution("steer").c_str(), "controller", builtInFom, backend(), nullptr);
   DtVistralControlRegister(&conn);
   BytesSender copy;
   std::vector<Bytes> reports, reportsForOther;
@@ -256,12 +254,17 @@ TEST(FederationScenario, ControllerSteersAViewerAndHearsItsReport) {
 }
 
 #if TARVEX_HAVE_RTI13
+// From scenarioAmbassador.cpp, which includes the RTI's headers (at the level they accept) and not ours.
+void* scenarioMakeAmbassador();
+void scenarioDropAmbassador(void* ambassador);
+
 TEST(FederationScenario, JoinsThroughTheApplicationsOwnAmbassador) {
   if (!overRti()) GTEST_SKIP() << "only the RTI backend takes an RTI ambassador";
-  RTI::RTIambassador ambassador;  // the application's; it outlives the connection
+  // The application's; it outlives the connection.
+  const std::unique_ptr<void, void (*)(void*)> ambassador(scenarioMakeAmbassador(), &scenarioDropAmbassador);
   Federate viewer(execution("ambassador"), "viewer");
   const char* builtInFom = nullptr;
-  DtExerciseConn app(execution("ambassador").c_str(), "app", builtInFom, "rti13", &ambassador);
+  DtExerciseConn app(execution("ambassador").c_str(), "app", builtInFom, "rti13", ambassador.get());
   EXPECT_EQ(app.initStatus(), DtInitJoinedExecution);
   DtVistralControlRegister(&app);
   DtVistralControlInteraction inter;
@@ -282,6 +285,14 @@ int main(int argc, char** argv) {
     if (arg.rfind("--execution=", 0) == 0) theExecution = arg.substr(12);
     if (arg.rfind("--fed-dir=", 0) == 0) theFedDir = arg.substr(10);
     if (arg.rfind("--port-file=", 0) == 0) portFile = arg.substr(12);
+    if (arg.rfind("--backend=", 0) == 0) theBackend = arg.substr(10);
+    if (arg.rfind("--env-file=", 0) == 0) {
+      std::ifstream in(arg.substr(11));
+      for (std::string line; std::getline(in, line);) {
+        const auto eq = line.find('=');
+        if (eq != std::string::npos) setenv(line.substr(0, eq).c_str(), line.substr(eq + 1).c_str(), 1);
+      }
+    }
   }
   if (!portFile.empty()) {
     std::ifstream in(portFile);

@@ -1,85 +1,15 @@
-// The HLA 1.3 types that interaction encoders and decoders use. With an RTI built in they are the RTI's own
-// (RTI.hh); without one this header declares the same names with the same interface, so that code written
-// against RTI::ParameterHandleValuePairSet builds and behaves the same either way.
+// The HLA 1.3 types that interaction encoders and decoders use. Where the RTI's own headers are valid C++17
+// they are the RTI's (RTI.hh). Without an RTI, or with one whose headers C++17 rejects, they are the platform
+// layer's own declaration (tarvex/dtRtiTypes.h), with the same names and interface, so that code written
+// against RTI::ParameterHandleValuePairSet builds and behaves the same either way; the RTI backend adapts
+// them to the RTI's types.
 #pragma once
 
 #include "tarvex/tarvexConfig.h"
 
-#if TARVEX_HAVE_RTI13
+#if TARVEX_RTI13_TYPES_FROM_RTI
 #include <RTI.hh>
 #else
-#include "tarvex/tarvexExport.h"
-
-class TARVEX_EXPORT RTI {
- public:
-  typedef unsigned short UShort;
-  typedef short Short;
-  typedef unsigned int ULong;
-  typedef int Long;
-  typedef double Double;
-  typedef float Float;
-
-  enum Boolean { RTI_FALSE = 0, RTI_TRUE };
-
-  // The RTI's exception base: a reason text and the exception's class name, both static texts.
-  class TARVEX_EXPORT Exception {
-   public:
-    ULong _serial;
-    const char* _reason;
-    const char* _name;
-    explicit Exception(const char* reason) : _serial(0), _reason(reason), _name("Exception") {}
-    virtual ~Exception();
-  };
-
-#define TARVEX_RTI_EXCEPTION(Name)                                           \
-  class TARVEX_EXPORT Name : public Exception {                              \
-   public:                                                                   \
-    explicit Name(const char* reason) : Exception(reason) { _name = #Name; } \
-  };
-  TARVEX_RTI_EXCEPTION(ArrayIndexOutOfBounds)
-  TARVEX_RTI_EXCEPTION(InvalidHandleValuePairSetContext)
-  TARVEX_RTI_EXCEPTION(ValueCountExceeded)
-  TARVEX_RTI_EXCEPTION(ValueLengthExceeded)
-#undef TARVEX_RTI_EXCEPTION
-
-  typedef ULong Handle;
-  typedef Handle ParameterHandle;
-  typedef ULong InteractionClassHandle;
-  typedef ULong FederateHandle;
-  typedef Handle TransportationHandle;
-  typedef TransportationHandle TransportType;
-  typedef Handle OrderingHandle;
-  typedef OrderingHandle OrderType;
-
-  class Region;
-
-  // The parameter values of one interaction, addressed by index 0 .. size()-1.
-  class TARVEX_EXPORT ParameterHandleValuePairSet {
-   public:
-    virtual ~ParameterHandleValuePairSet();
-
-    virtual ULong size() const = 0;
-    virtual Handle getHandle(ULong index) const = 0;
-    virtual ULong getValueLength(ULong index) const = 0;
-    // Copies the whole value into buffer (which must hold getValueLength(index) bytes) and sets length.
-    virtual void getValue(ULong index, char* buffer, ULong& length) const = 0;
-    virtual char* getValuePointer(ULong index, ULong& length) const = 0;
-    virtual TransportType getTransportType() const = 0;
-    virtual OrderType getOrderType() const = 0;
-    virtual Region* getRegion() const = 0;
-    virtual void add(Handle handle, const char* value, ULong length) = 0;
-    virtual void remove(Handle handle) = 0;
-    virtual void moveFrom(const ParameterHandleValuePairSet& other, ULong& index) = 0;
-    virtual void empty() = 0;
-    virtual ULong start() const = 0;
-    virtual ULong valid(ULong index) const = 0;
-    virtual ULong next(ULong index) const = 0;
-  };
-
-  class TARVEX_EXPORT ParameterSetFactory {
-   public:
-    // A new, empty set; the caller owns it.
-    static ParameterHandleValuePairSet* create(ULong expectedSize);
-  };
-};
+#include "tarvex/dtRtiTypes.h"
+using tarvex::RTI;
 #endif

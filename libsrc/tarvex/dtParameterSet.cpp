@@ -4,10 +4,10 @@
 #include <cstring>
 #include <functional>
 
-#if !TARVEX_HAVE_RTI13
-RTI::Exception::~Exception() = default;
-RTI::ParameterHandleValuePairSet::~ParameterHandleValuePairSet() = default;
-RTI::ParameterHandleValuePairSet* RTI::ParameterSetFactory::create(ULong expectedSize) {
+#if !TARVEX_RTI13_TYPES_FROM_RTI
+tarvex::RTI::Exception::~Exception() = default;
+tarvex::RTI::ParameterHandleValuePairSet::~ParameterHandleValuePairSet() = default;
+tarvex::RTI::ParameterHandleValuePairSet* tarvex::RTI::ParameterSetFactory::create(ULong expectedSize) {
   return new DtParameterSet(expectedSize);
 }
 #endif
@@ -18,9 +18,7 @@ constexpr RTI::TransportType kReliable = 1;
 constexpr RTI::OrderType kReceiveOrder = 1;
 }  // namespace
 
-DtParameterSet::DtParameterSet(RTI::ULong expectedSize) {
-  entries_.reserve(expectedSize);
-}
+DtParameterSet::DtParameterSet(RTI::ULong expectedSize) { entries_.reserve(expectedSize); }
 
 DtParameterSet::~DtParameterSet() = default;
 
@@ -29,17 +27,11 @@ const DtParameterSet::Entry& DtParameterSet::at(RTI::ULong index) const {
   return entries_[index];
 }
 
-RTI::ULong DtParameterSet::size() const {
-  return static_cast<RTI::ULong>(entries_.size());
-}
+RTI::ULong DtParameterSet::size() const { return static_cast<RTI::ULong>(entries_.size()); }
 
-RTI::Handle DtParameterSet::getHandle(RTI::ULong index) const {
-  return at(index).handle;
-}
+RTI::Handle DtParameterSet::getHandle(RTI::ULong index) const { return at(index).handle; }
 
-RTI::ULong DtParameterSet::getValueLength(RTI::ULong index) const {
-  return at(index).length;
-}
+RTI::ULong DtParameterSet::getValueLength(RTI::ULong index) const { return at(index).length; }
 
 void DtParameterSet::getValue(RTI::ULong index, char* buffer, RTI::ULong& length) const {
   const Entry& e = at(index);
@@ -53,15 +45,9 @@ char* DtParameterSet::getValuePointer(RTI::ULong index, RTI::ULong& length) cons
   return bytes_.data() + e.offset;
 }
 
-RTI::TransportType DtParameterSet::getTransportType() const {
-  return kReliable;
-}
-RTI::OrderType DtParameterSet::getOrderType() const {
-  return kReceiveOrder;
-}
-RTI::Region* DtParameterSet::getRegion() const {
-  return nullptr;
-}
+RTI::TransportType DtParameterSet::getTransportType() const { return kReliable; }
+RTI::OrderType DtParameterSet::getOrderType() const { return kReceiveOrder; }
+RTI::Region* DtParameterSet::getRegion() const { return nullptr; }
 
 void DtParameterSet::add(RTI::Handle handle, const char* value, RTI::ULong length) {
   if (value == nullptr) length = 0;
@@ -103,12 +89,6 @@ void DtParameterSet::empty() {
   bytes_.clear();
 }
 
-RTI::ULong DtParameterSet::start() const {
-  return 0;
-}
-RTI::ULong DtParameterSet::valid(RTI::ULong index) const {
-  return index < entries_.size() ? 1 : 0;
-}
-RTI::ULong DtParameterSet::next(RTI::ULong index) const {
-  return index + 1;
-}
+RTI::ULong DtParameterSet::start() const { return 0; }
+RTI::ULong DtParameterSet::valid(RTI::ULong index) const { return index < entries_.size() ? 1 : 0; }
+RTI::ULong DtParameterSet::next(RTI::ULong index) const { return index + 1; }

@@ -1,26 +1,18 @@
-// The HLA 1.3 RTI backend: one joined federate through the standard RTI 1.3 API only (RTI::RTIambassador, a
-// federate ambassador, RTI::ParameterSetFactory), so that any vendor's RTI 1.3 serves.
+// The HLA 1.3 RTI backend: one joined federate, whose dealings with the RTI go through dtRti13Link.h, so that
+// this source never includes the RTI's headers beyond what the interface does.
 #include "dtFederationBackend.h"
 
 #if TARVEX_HAVE_RTI13
 #include <unistd.h>
-#include <NullFederateAmbassador.hh>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include "dtRti13Link.h"
 #include "tarvex/dtException.h"
 
 namespace {
-// How long a connection waits for the RTI to confirm a declaration before it gives up.
-constexpr std::chrono::seconds kConfirmTimeout(30);
-constexpr RTI::TickTime kWaitSlice = 0.01;
-
-std::string describe(const RTI::Exception& e) {
-  return std::string(e._name ? e._name : "RTI exception") + ": " + (e._reason ? e._reason : "");
-}
 
 // The FOM handed to the RTI as a file: the one named, or the built-in one written to a temporary file that
 // lives as long as the create call needs it.
@@ -53,198 +45,61 @@ class FedFileForRti {
   bool temporary_ = false;
 };
 
-class Rti13Federate final : public DtFederationBackend {
+class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Receiver {
  public:
   Rti13Federate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                 void* rtiAmbassador, DtIncomingQueue& queue)
-      : execution_(execution), fom_(fom.fom), queue_(queue), ambassador_(*this) {
-    if (rtiAmbassador != nullptr) {
-      rti_ = static_cast<RTI::RTIambassador*>(rtiAmbassador);
-    } else {
-      owned_ = std::make_unique<RTI::RTIambassador>();
-      rti_ = owned_.get();
-    }
-    createOrFindExecution(fom);
-    try {
-      self_ = rti_->joinFederationExecution(federate.c_str(), execution.c_str(), &ambassador_);
-    } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot join federation execution " + execution + " as " + federate + ": " + describe(e));
-    }
-    sendSet_.reset(RTI::ParameterSetFactory::create(1));
-  }
-
-  ~Rti13Federate() override {
-    try {
-      rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
-    } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
-    }
-    try {
-      rti_->destroyFederationExecution(execution_.c_str());
-    } catch (...) {  // others are still joined, or one of them destroyed it first
-    }
+      : fom_(fom.fom), queue_(queue) {
+    const FedFileForRti fed(fom);
+    link_ = DtRti13Join(execution, federate, fed.path(),
+                        fom.path.empty() ? std::string(DtBuiltInFomName) : fom.path, rtiAmbassador, *this);
   }
 
   const char* name() const override { return "rti13"; }
-  DtInitStatus initStatus() const override { return status_; }
+  DtInitStatus initStatus() const override {
+    return link_->createdExecution() ? DtInitCreatedExecution : DtInitJoinedExecution;
+  }
 
   std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const override {
     std::vector<std::unique_ptr<DtInterClassDesc>> out;
     for (const DtFedInteractionClass& c : fom_.interactionClasses()) {
-      RTI::InteractionClassHandle handle = 0;
+      unsigned long handle = 0;
       if (!classHandle(c, &handle)) continue;  // the execution's FOM lacks it
-      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name, handle);
+      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name,
+                                                     static_cast<RTI::InteractionClassHandle>(handle));
       for (const std::string& p : c.parameters) {
-        try {
-          desc->addParameter(p, rti_->getParameterHandle(p.c_str(), handle));
-        } catch (const RTI::Exception&) {  // not a parameter of the execution's class
-        }
+        unsigned long parameter = 0;  // absent when the execution's class lacks it
+        if (link_->parameterHandle(p, handle, &parameter))
+          desc->addParameter(p, static_cast<RTI::ParameterHandle>(parameter));
       }
       out.push_back(std::move(desc));
     }
     return out;
   }
 
-  RTI::ParameterHandleValuePairSet& sendSet() override { return *sendSet_; }
-
+  RTI::ParameterHandleValuePairSet& sendSet() override { return link_->sendSet(); }
   void send(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) override {
-    try {
-      if (!contains(published_, cls)) {
-        rti_->publishInteractionClass(cls);
-        published_.push_back(cls);
-        confirmDeclarations();
-      }
-      rti_->sendInteraction(cls, set, "");
-    } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot send interaction class " + std::to_string(cls) + " on " + execution_ + ": " +
-               describe(e));
-    }
+    link_->send(cls, set);
   }
-
-  void subscribe(RTI::InteractionClassHandle cls, bool on) override {
-    try {
-      if (on) {
-        rti_->subscribeInteractionClass(cls, RTI::RTI_TRUE);
-      } else {
-        rti_->unsubscribeInteractionClass(cls);
-      }
-      confirmDeclarations();
-    } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot " + std::string(on ? "subscribe to" : "unsubscribe from") + " interaction class " +
-               std::to_string(cls) + " on " + execution_ + ": " + describe(e));
-    }
-  }
-
-  void poll() override {
-    try {
-      rti_->tick();
-    } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot take interactions from the RTI for " + execution_ + ": " + describe(e));
-    }
-  }
+  void subscribe(RTI::InteractionClassHandle cls, bool on) override { link_->subscribe(cls, on); }
+  void poll() override { link_->tick(); }
 
  private:
-  // Receives on the RTI's behalf inside tick(): interactions are queued for processIncoming(), and the
-  // synchronization points of confirmDeclarations() are followed.
-  class Ambassador final : public NullFederateAmbassador {
-   public:
-    explicit Ambassador(Rti13Federate& owner) : owner_(owner) {}
-    void receiveInteraction(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set,
-                            const RTI::FedTime& /*time*/, const char* /*tag*/,
-                            RTI::EventRetractionHandle /*retraction*/) override {
-      owner_.queue_.push(cls, set);
-    }
-    void receiveInteraction(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set,
-                            const char* /*tag*/) override {
-      owner_.queue_.push(cls, set);
-    }
-    void synchronizationPointRegistrationFailed(const char* label) override {
-      if (owner_.label_ == label) owner_.syncFailed_ = true;
-    }
-    void announceSynchronizationPoint(const char* label, const char* /*tag*/) override {
-      if (owner_.label_ == label) owner_.announced_ = true;
-    }
-    void federationSynchronized(const char* label) override {
-      if (owner_.label_ == label) owner_.synchronized_ = true;
-    }
-
-   private:
-    Rti13Federate& owner_;
-  };
-
-  static bool contains(const std::vector<RTI::InteractionClassHandle>& v, RTI::InteractionClassHandle h) {
-    for (RTI::InteractionClassHandle x : v)
-      if (x == h) return true;
-    return false;
-  }
-
-  void createOrFindExecution(const DtFomSource& fom) {
-    const FedFileForRti fed(fom);
-    try {
-      rti_->createFederationExecution(execution_.c_str(), fed.path());
-      status_ = DtInitCreatedExecution;
-    } catch (const RTI::FederationExecutionAlreadyExists&) {
-      status_ = DtInitJoinedExecution;
-    } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot create federation execution " + execution_ + " from FED file " +
-               (fom.path.empty() ? std::string(DtBuiltInFomName) : fom.path) + ": " + describe(e));
-    }
+  void receive(unsigned long cls, const RTI::ParameterHandleValuePairSet& set) override {
+    queue_.push(static_cast<RTI::InteractionClassHandle>(cls), set);
   }
 
   // RTIs differ in the names they accept: the dotted full name, or the name below the root.
-  bool classHandle(const DtFedInteractionClass& c, RTI::InteractionClassHandle* handle) const {
+  bool classHandle(const DtFedInteractionClass& c, unsigned long* handle) const {
     const std::string root = "InteractionRoot.";
-    std::vector<std::string> names{c.fullName};
-    if (c.fullName.compare(0, root.size(), root) == 0) names.push_back(c.fullName.substr(root.size()));
-    for (const std::string& n : names) {
-      try {
-        *handle = rti_->getInteractionClassHandle(n.c_str());
-        return true;
-      } catch (const RTI::Exception&) {
-      }
-    }
-    return false;
+    if (link_->interactionClassHandle(c.fullName, handle)) return true;
+    return c.fullName.compare(0, root.size(), root) == 0 &&
+           link_->interactionClassHandle(c.fullName.substr(root.size()), handle);
   }
 
-  // Publications and subscriptions take effect in the RTI some time after the call returns, and an
-  // interaction sent before then can be lost. A synchronization point that only this federate belongs to
-  // makes a round trip through the RTI behind them, so once it is reached the RTI has them.
-  void confirmDeclarations() {
-    label_ = "vistral.declared." + std::to_string(self_) + "." + std::to_string(++confirmations_);
-    announced_ = synchronized_ = syncFailed_ = false;
-    const std::unique_ptr<RTI::FederateHandleSet> onlyUs(RTI::FederateHandleSetFactory::create(1));
-    onlyUs->add(self_);
-    rti_->registerFederationSynchronizationPoint(label_.c_str(), "", *onlyUs);
-    waitFor(announced_);
-    rti_->synchronizationPointAchieved(label_.c_str());
-    waitFor(synchronized_);
-    label_.clear();
-  }
-
-  void waitFor(const bool& flag) {
-    const auto deadline = std::chrono::steady_clock::now() + kConfirmTimeout;
-    while (!flag) {
-      if (syncFailed_) DT_THROW("The RTI refused synchronization point " + label_ + " on " + execution_);
-      if (std::chrono::steady_clock::now() > deadline)
-        DT_THROW("The RTI did not confirm synchronization point " + label_ + " on " + execution_);
-      rti_->tick(kWaitSlice, kWaitSlice);
-    }
-  }
-
-  std::string execution_;
   DtFedFile fom_;
   DtIncomingQueue& queue_;
-  Ambassador ambassador_;
-  std::unique_ptr<RTI::RTIambassador> owned_;
-  RTI::RTIambassador* rti_ = nullptr;
-  RTI::FederateHandle self_ = 0;
-  DtInitStatus status_ = DtInitJoinedExecution;
-  std::unique_ptr<RTI::ParameterHandleValuePairSet> sendSet_;
-  std::vector<RTI::InteractionClassHandle> published_;
-  std::string label_;
-  unsigned long confirmations_ = 0;
-  bool announced_ = false;
-  bool synchronized_ = false;
-  bool syncFailed_ = false;
+  std::unique_ptr<DtRti13Link> link_;
 };
 }  // namespace
 
