@@ -11,6 +11,8 @@
 #include <variant>
 #include <vector>
 
+#include "vistralemulator/vistralEmulatorExport.h"
+
 // A parameter or option value as the viewer keeps it: a flag, a whole number, a number or a text.
 using DtEmulatorValue = std::variant<bool, long long, double, std::string>;
 using DtEmulatorVec = std::array<double, 3>;
@@ -127,7 +129,7 @@ struct DtEmulatorCounters {
   long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
 };
 
-struct DtEmulatorState {
+struct VISTRAL_EMULATOR_EXPORT DtEmulatorState {
   std::string viewerId;
   DtEmulatorViewState view;
   std::map<std::string, DtEmulatorValue> options;  // by option name; only options a PDU carried

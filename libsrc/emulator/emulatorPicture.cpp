@@ -69,7 +69,8 @@ void text(cairo_t* cr, double x, double y, const std::string& s, double size = 1
                          bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
   cairo_set_font_size(cr, size);
   cairo_move_to(cr, clampFar(x), clampFar(y));
-  cairo_show_text(cr, printable(s, 160).c_str());
+  cairo_show_text(cr, printable(s, 240).c_str());
+  cairo_new_path(cr);  // show_text leaves a current point that the next arc would join with a line
 }
 
 // A dash pattern from the 32 bits of a line pattern, most significant bit first, one bit per unit: runs of
@@ -300,7 +301,11 @@ class Picture {
     };
     for (const auto& [id, o] : state_.objects) {
       if (!state_.shown(o) || isOverlay(o) || !o.attachable) continue;
-      for (int i = 0; i < 2; ++i) {
+      if (o.viewerCommand == DtVdcAttribute && o.type != DtVdcAttributeGroup)
+        continue;  // layouts are not drawn
+      // Triangles and areas stand on their points; their anchor is not where they are drawn.
+      const bool byPoints = o.viewerCommand == DtVdcTriangle || o.viewerCommand == DtVdcArea;
+      for (int i = 0; i < 2 && !byPoints; ++i) {
         const AnchorKind kind = anchorKind(o.anchor.attachment, i);
         if (kind == AnchorKind::position) take(o.anchor.positions[i][0], o.anchor.positions[i][1]);
         if (kind == AnchorKind::entity) entity(o.anchor.entities[i]);
@@ -312,8 +317,8 @@ class Picture {
     for (const char* name : {"attachId", "trackId"}) entity(textField(name));
     if (state_.view.mode == 9)
       for (const std::string& member : state_.view.group) entity(member);
-    const auto& eye = state_.view.eye.fields;
-    if (eye.count("position.x") && eye.count("position.y")) take(eye.at("position.x"), eye.at("position.y"));
+    // The eye as a move set it is drawn where it falls but does not stretch the map: a move may have put it
+    // anywhere, often at a small offset from the origin, far from a scene in world coordinates.
 
     if (!any) minX = minY = -100, maxX = maxY = 100;
     centreX_ = (minX + maxX) / 2;
@@ -706,6 +711,7 @@ class Picture {
 
   void circle(Point c, double r) {
     cairo_save(cr_);
+    cairo_new_path(cr_);
     cairo_set_source_rgba(cr_, 0.75, 0.05, 0.05, 0.5);
     const double dashes[] = {2, 3};
     cairo_set_dash(cr_, dashes, 2, 0);
@@ -741,7 +747,7 @@ class Picture {
          std::to_string(state_.objects.size()) + " objects (" + std::to_string(hidden) +
              " hidden, not drawn); " + std::to_string(c.received) + " PDUs received, " +
              std::to_string(c.answered) + " state reports sent. " +
-             "Orange rays: flashing. Diamonds: entities, placed symbolically. Red dot: the eye point.",
+             "Orange rays: flashing. Diamonds: entities, placed symbolically. Red: the eye.",
          11);
   }
 
