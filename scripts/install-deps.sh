@@ -10,6 +10,9 @@ command -v g++ >/dev/null 2>&1 || need+=(g++)
 [ -f /usr/include/gmock/gmock.h ] || need+=(libgmock-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
 command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
+# The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
+[ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
+[ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"
