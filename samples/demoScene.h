@@ -1,5 +1,5 @@
-// The demo's overlay scene: screen-plane graphics and world objects around one entity, with an attribute panel,
-// updates, layers, hiding and removal, sent as draw-control PDUs through the connection.
+// The demo's overlay scene: screen-plane graphics and world objects around one entity, with an attribute
+// panel, updates, layers, hiding and removal, sent as draw-control PDUs through the connection.
 #pragma once
 
 class DtExerciseConn;
