@@ -12,7 +12,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration && !run.error_occurred) times_[run.benchmark_name()] = run.GetAdjustedCPUTime();
+      if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+        times_[run.benchmark_name()] = run.GetAdjustedCPUTime();
     }
     ConsoleReporter::ReportRuns(runs);
   }
@@ -26,8 +27,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
       const std::string subject = name.substr(0, cut) + name.substr(cut + suffix.size());
       const auto found = times_.find(subject);
       if (found == times_.end() || time <= 0) continue;
-      std::printf("  %-48s %6.2fx  (%.1f ns vs %.1f ns)\n", subject.c_str(), found->second / time, found->second,
-                  time);
+      std::printf("  %-48s %6.2fx  (%.1f ns vs %.1f ns)\n", subject.c_str(), found->second / time,
+                  found->second, time);
     }
   }
 

@@ -39,7 +39,7 @@ void BM_HlaSendAndReceive(benchmark::State& state) {
   for (auto _ : state) {
     DtVistralControlInteraction inter;
     inter.setVcPdu(pdu);
-    sender.sendInteraction(inter);
+    if (!sender.sendInteraction(inter)) state.SkipWithError("the interaction was not sent");
     receiver.processIncoming();
   }
   BENCH_COUNT_ALLOCATIONS(state, before);

@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
       ++files;
       run(bytes);
       ++runs;
-      for (std::size_t cut : {std::size_t{0}, std::size_t{3}, std::size_t{11}, std::size_t{150}, std::size_t{155},
-                              bytes.size() / 2}) {
+      for (std::size_t cut : {std::size_t{0}, std::size_t{3}, std::size_t{11}, std::size_t{150},
+                              std::size_t{155}, bytes.size() / 2}) {
         if (cut >= bytes.size()) continue;
         run(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + static_cast<long>(cut)));
         ++runs;

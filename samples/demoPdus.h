@@ -9,4 +9,4 @@
 
 // Each entry is a short title and a PDU addressed to the viewer and sent by the controller given.
 std::vector<std::pair<const char*, std::unique_ptr<DtVistralControlPdu>>> demoPdus(const char* viewer,
-                                                                                    const char* controller);
+                                                                                   const char* controller);

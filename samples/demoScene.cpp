@@ -1,6 +1,6 @@
-// The scene is sent PDU by PDU here, each PDU filled by hand. The remote drawer (DtVistralRemoteDrawer) keeps
-// such objects by id and sends the same PDUs for them; when it is in the library this scene is drawn through
-// it instead.
+// The scene is sent PDU by PDU, each PDU filled by hand, as an application without drawing objects would
+// send it (the demo's drawer part draws through DtVistralRemoteDrawer instead). It stays in the viewer for
+// the picture.
 #include "demoScene.h"
 
 #include "tarvex/dtExerciseConn.h"

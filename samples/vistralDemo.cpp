@@ -8,11 +8,13 @@
 // Part 3: an overlay scene is drawn, changed, layered, hidden and shown; the viewer then writes what it would
 // show (vistralDemo.svg, vistralDemo.png) and its whole state (vistralDemo.json) into the directory given as
 // the first argument (default: the current one).
+// Part 4: a remote drawer builds, changes and removes a scene of drawing objects in the same viewer.
 #include <cstring>
 #include <iostream>
 #include <memory>
 #include <string>
 
+#include "demoDrawing.h"
 #include "demoPdus.h"
 #include "demoScene.h"
 #include "tarvex/dtExerciseConn.h"
@@ -172,5 +174,7 @@ int main(int argc, char** argv) {
   const bool families = everyFamily(viewer);
   const bool session = steeringSession(viewer);
   const bool drawing = drawingSession(viewer, outDir);
-  return families && session && drawing ? 0 : 1;
+  // The remote drawer draws its own scene into the same viewer, and takes it away again when it goes.
+  const bool drawer = drawingScene(*viewer.connection());
+  return families && session && drawing && drawer ? 0 : 1;
 }

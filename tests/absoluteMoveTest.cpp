@@ -15,9 +15,8 @@ TEST(Absolute, GoldenImage) {
   pdu.setOrientation(DtTaitBryan(0.5, -0.25, 3.0));
   ASSERT_EQ(pdu.length(), 196);
   EXPECT_EQ(pdu.viewerCommand(), DtVcAbsolute);
-  EXPECT_EQ(bytesAt(pdu.packet(), 152, 44),
-            concat({bytes({0, 0, 0, 0, 0, 0, 0, 0}), be64(1.5), be64(-2.0), be64(1e6), be32f(0.5f), be32f(-0.25f),
-                    be32f(3.0f)}));
+  EXPECT_EQ(bytesAt(pdu.packet(), 152, 44), concat({bytes({0, 0, 0, 0, 0, 0, 0, 0}), be64(1.5), be64(-2.0),
+                                                    be64(1e6), be32f(0.5f), be32f(-0.25f), be32f(3.0f)}));
   EXPECT_EQ(pdu.worldLocation(), DtVector64(1.5, -2.0, 1e6));
   EXPECT_EQ(pdu.orientation(), DtTaitBryan(0.5, -0.25, 3.0));
 }
@@ -48,8 +47,8 @@ TEST(Move, GoldenImageAndDefaults) {
   pdu.setReset(true);
   pdu.setPosition(DtVector64(1, 2, 3));
   pdu.setOrientation(DtTaitBryan(0.25, 0.5, 0.75));
-  EXPECT_EQ(bytesAt(pdu.packet(), 156, 52), concat({bytes({1, 5, 1, 0}), be64(1), be64(2), be64(3), be64(0.25),
-                                                     be64(0.5), be64(0.75)}));
+  EXPECT_EQ(bytesAt(pdu.packet(), 156, 52),
+            concat({bytes({1, 5, 1, 0}), be64(1), be64(2), be64(3), be64(0.25), be64(0.5), be64(0.75)}));
   EXPECT_EQ(pdu.orientation(), DtTaitBryan(0.25, 0.5, 0.75));
 }
 
@@ -90,8 +89,8 @@ TEST(AbsoluteMove, RandomRoundTripsThroughTheReceivePath) {
     move.setPosition(DtVector64(value(random), value(random), value(random)));
     move.setOrientation(DtTaitBryan(value(random), value(random), value(random)));
     move.setTurn(static_cast<DtMoveVCPdu::Direction>(random() % 6));
-    for (const DtVistralControlPdu* sent : {static_cast<DtVistralControlPdu*>(&absolute),
-                                            static_cast<DtVistralControlPdu*>(&move)}) {
+    for (const DtVistralControlPdu* sent :
+         {static_cast<DtVistralControlPdu*>(&absolute), static_cast<DtVistralControlPdu*>(&move)}) {
       ReceivedImage img(*sent);
       std::unique_ptr<DtPdu> back(DtVistralControlPdu::createFromNet(img.header(), nullptr, nullptr));
       ASSERT_NE(back, nullptr);

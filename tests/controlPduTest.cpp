@@ -108,7 +108,8 @@ TEST(ControlPdu, DumpOfTheFixedPart) {
   pdu.printDataToStream(out);
   // The request-state image ends before the flags, so they dump as zero bytes.
   EXPECT_EQ(out.str(), dumpLine("ViewerId", "v1") + dumpLine("SenderId", "s1") +
-                           dumpLine("Command", "VcOrbitStatus (505)") + dumpLine("IgnoreFlags", "00 00 00 00"));
+                           dumpLine("Command", "VcOrbitStatus (505)") +
+                           dumpLine("IgnoreFlags", "00 00 00 00"));
 
   DtAbsoluteVCPdu absolute;
   absolute.setIgnoreFlags(0x000001FF);

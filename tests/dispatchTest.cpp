@@ -46,23 +46,39 @@ TEST(Dispatch, ReceivedImagesBecomeTheirClass) {
     const std::type_info& type;
   };
   const Case cases[] = {
-      {0, typeid(DtAbsoluteVCPdu)},       {500, typeid(DtAbsoluteVCPdu)},
-      {1, typeid(DtTetherVCPdu)},         {501, typeid(DtTetherVCPdu)},
-      {2, typeid(DtCompassVCPdu)},        {502, typeid(DtCompassVCPdu)},
-      {3, typeid(DtMimicVCPdu)},          {503, typeid(DtMimicVCPdu)},
-      {4, typeid(DtOffsetMimicVCPdu)},    {504, typeid(DtOffsetMimicVCPdu)},
-      {5, typeid(DtOrbitVCPdu)},          {505, typeid(DtOrbitVCPdu)},
-      {6, typeid(DtTrackVCPdu)},          {506, typeid(DtTrackVCPdu)},
-      {7, typeid(DtTetherTrackVCPdu)},    {507, typeid(DtTetherTrackVCPdu)},
-      {8, typeid(DtMimicTrackVCPdu)},     {508, typeid(DtMimicTrackVCPdu)},
-      {9, typeid(DtGroupVCPdu)},          {509, typeid(DtGroupVCPdu)},
-      {10, typeid(DtModelessVCPdu)},      {510, typeid(DtModelessVCPdu)},
-      {11, typeid(DtOptionsPdu)},         {12, typeid(DtPivotVCPdu)},
+      {0, typeid(DtAbsoluteVCPdu)},
+      {500, typeid(DtAbsoluteVCPdu)},
+      {1, typeid(DtTetherVCPdu)},
+      {501, typeid(DtTetherVCPdu)},
+      {2, typeid(DtCompassVCPdu)},
+      {502, typeid(DtCompassVCPdu)},
+      {3, typeid(DtMimicVCPdu)},
+      {503, typeid(DtMimicVCPdu)},
+      {4, typeid(DtOffsetMimicVCPdu)},
+      {504, typeid(DtOffsetMimicVCPdu)},
+      {5, typeid(DtOrbitVCPdu)},
+      {505, typeid(DtOrbitVCPdu)},
+      {6, typeid(DtTrackVCPdu)},
+      {506, typeid(DtTrackVCPdu)},
+      {7, typeid(DtTetherTrackVCPdu)},
+      {507, typeid(DtTetherTrackVCPdu)},
+      {8, typeid(DtMimicTrackVCPdu)},
+      {508, typeid(DtMimicTrackVCPdu)},
+      {9, typeid(DtGroupVCPdu)},
+      {509, typeid(DtGroupVCPdu)},
+      {10, typeid(DtModelessVCPdu)},
+      {510, typeid(DtModelessVCPdu)},
+      {11, typeid(DtOptionsPdu)},
+      {12, typeid(DtPivotVCPdu)},
       {512, typeid(DtPivotVCPdu)},
-      {13, typeid(DtMoveVCPdu)},          {14, typeid(DtRequestStateVCPdu)},
-      {511, typeid(DtUnknownVistralControlPdu)}, {513, typeid(DtUnknownVistralControlPdu)},
-      {514, typeid(DtUnknownVistralControlPdu)}, {999, typeid(DtUnknownVistralControlPdu)},
-      {3000, typeid(DtUnknownVistralControlPdu)}, {15, typeid(DtUnknownVistralControlPdu)},
+      {13, typeid(DtMoveVCPdu)},
+      {14, typeid(DtRequestStateVCPdu)},
+      {511, typeid(DtUnknownVistralControlPdu)},
+      {513, typeid(DtUnknownVistralControlPdu)},
+      {514, typeid(DtUnknownVistralControlPdu)},
+      {999, typeid(DtUnknownVistralControlPdu)},
+      {3000, typeid(DtUnknownVistralControlPdu)},
+      {15, typeid(DtUnknownVistralControlPdu)},
   };
   for (bool fromNet : {true, false}) {
     for (const Case& c : cases) {
@@ -108,7 +124,8 @@ TEST(Dispatch, DrawControlVersionMark) {
 
 TEST(Dispatch, NewPdusByCommandNumber) {
   const auto made = [](int command) {
-    return std::unique_ptr<DtVistralControlPdu>(DtNewVistralControlPdu(static_cast<DtViewerCommand>(command)));
+    return std::unique_ptr<DtVistralControlPdu>(
+        DtNewVistralControlPdu(static_cast<DtViewerCommand>(command)));
   };
   auto absolute = made(0);
   ASSERT_NE(absolute, nullptr);
@@ -141,5 +158,6 @@ TEST(Dispatch, NewPdusByCommandNumber) {
     }
   }
   // Move, options and request state have no status form; modeless is a deliberate hole.
-  for (int none : {10, 510, 511, 513, 514, 15, 499, 2489, 2510, -1, 65536}) EXPECT_EQ(made(none), nullptr) << none;
+  for (int none : {10, 510, 511, 513, 514, 15, 499, 2489, 2510, -1, 65536})
+    EXPECT_EQ(made(none), nullptr) << none;
 }

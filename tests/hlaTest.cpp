@@ -24,9 +24,7 @@ namespace {
 const std::string kNotInFom =
     "Can't add decoders and encoders for interaction class ViewControl: Not in FOM.\n";
 
-Bytes imageOf(const DtPdu& pdu) {
-  return Bytes(pdu.packet(), pdu.packet() + pdu.length());
-}
+Bytes imageOf(const DtPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
 
 // A registered connection of its own execution, and the decoder and handles it uses.
 struct Registered {

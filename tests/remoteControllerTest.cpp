@@ -96,32 +96,6 @@ TEST_F(Steering, ViewModesFillWhatIsGivenAndIgnoreTheRest) {
     EXPECT_EQ(last().viewerId(), "viewer-1");
     EXPECT_EQ(last().senderId(), "ctl");
   }
-
-  // Field contents of a few that carry everything.
-  controller.setOrbitMode(&tank, &r, &h, &p, &rate);
-  const auto& orbit = sender.last<DtOrbitVCPdu>();
-  EXPECT_EQ(orbit.attachId(), "tank 1");
-  EXPECT_EQ(orbit.radius(), 10);
-  EXPECT_EQ(orbit.heading(), 20);
-  EXPECT_EQ(orbit.pitch(), 30);
-  EXPECT_EQ(orbit.azimuthRate(), 4);
-  controller.setMimicTrackMode(&tank, &truck, &v);
-  const auto& mimicTrack = sender.last<DtMimicTrackVCPdu>();
-  EXPECT_EQ(mimicTrack.offset(), v);
-  const DtString attach = mimicTrack.attachId();
-  EXPECT_EQ(attach, "tank 1");
-  EXPECT_EQ(mimicTrack.trackId(), "truck");
-  controller.moveEyepoint(Controller::BACKWARDS);
-  EXPECT_EQ(sender.last<DtMoveVCPdu>().move(), DtMoveVCPdu::BACKWARDS);
-  controller.turnEyepoint(Controller::UP);
-  EXPECT_EQ(sender.last<DtMoveVCPdu>().turn(), DtMoveVCPdu::UP);
-  controller.reset();
-  EXPECT_TRUE(sender.last<DtMoveVCPdu>().reset());
-  controller.setPrimarySecondary(tank, truck);
-  const auto& modeless = sender.last<DtModelessVCPdu>();
-  const DtString primary = modeless.primary();
-  EXPECT_EQ(primary, "tank 1");
-  EXPECT_EQ(modeless.secondary(), "truck");
 }
 
 TEST_F(Steering, GroupListsAndGroupModes) {
@@ -161,59 +135,227 @@ TEST_F(Steering, GroupListsAndGroupModes) {
   EXPECT_EQ(sender.last<DtGroupVCPdu>().length(), 188);
 }
 
-TEST_F(Steering, EveryOptionGoesOutAloneWithItsValue) {
+namespace {
+// A value placed at an offset of an expected image.
+struct Write {
+  int offset;
+  Bytes value;
+};
+
+Bytes text(const std::string& s) { return Bytes(s.begin(), s.end()); }
+Bytes u32(std::uint32_t v) {
+  return bytes({int(v >> 24), int(v >> 16) & 0xff, int(v >> 8) & 0xff, int(v) & 0xff});
+}
+Bytes f32s(float a, float b, float c) { return concat({be32f(a), be32f(b), be32f(c)}); }
+Bytes f64s(double a, double b, double c) { return concat({be64(a), be64(b), be64(c)}); }
+
+// The whole image a controller with ids "viewer-1" and "ctl" sends: header, ids, command and first word, the
+// given writes, zero elsewhere.
+Bytes expectedImage(int length, int command, std::uint32_t firstWord, const std::vector<Write>& writes) {
+  Bytes image(static_cast<std::size_t>(length), 0);
+  const auto put = [&](int offset, const Bytes& value) {
+    std::copy(value.begin(), value.end(), image.begin() + offset);
+  };
+  put(0, bytes({6, 1, 202, 129, 0, 0, 0, 0, length >> 8, length & 0xff}));
+  put(12, text("viewer-1"));
+  put(76, text("ctl"));
+  put(146, bytes({command >> 8, command & 0xff}));
+  put(152, u32(firstWord));
+  for (const Write& w : writes) put(w.offset, w.value);
+  return image;
+}
+}  // namespace
+
+TEST_F(Steering, ModeSettersWriteEveryGivenFieldInItsPlace) {
+  const DtString tank("tank 1"), truck("truck");
+  const DtVector64 v(1, 2, 3);
+  const DtTaitBryan o(0.5, 0.25, 0.125);
+  const float r = 10, h = 20, p = 30, rate = 4;
+  const DtGlobalObjectDesignatorList list{"a", "b"};
+
   struct Case {
     std::function<void()> call;
-    DtVistralOption option;
-    std::function<bool(const DtOptionsPdu&)> value;
+    int length;
+    int command;
+    std::uint32_t flags;
+    std::vector<Write> fields;
   };
   const Case cases[] = {
-      {[&] { controller.setStepsize(2.5f); }, DtOptionsPdu::DtVistralStepsize,
-       [](const DtOptionsPdu& p) { return p.stepsize() == 2.5f; }},
-      {[&] { controller.setTurnrate(1.5f); }, DtOptionsPdu::DtVistralTurnrate,
-       [](const DtOptionsPdu& p) { return p.turnrate() == 1.5f; }},
-      {[&] { controller.increaseStepsize(); }, DtOptionsPdu::DtVistralIncStepsize, nullptr},
-      {[&] { controller.decreaseTurnrate(); }, DtOptionsPdu::DtVistralDecTurnrate, nullptr},
-      {[&] { controller.setSoundEnabled(false); }, DtVistralSound,
-       [](const DtOptionsPdu& p) { return !p.sound(); }},
-      {[&] { controller.setVerticalFieldOfView(45); }, DtVistralFov,
-       [](const DtOptionsPdu& p) { return p.fov() == 45; }},
-      {[&] { controller.setDatabaseToLoad("terrain.db"); }, DtVistralDatabaseToLoad,
-       [](const DtOptionsPdu& p) { return p.databaseToLoad() == "terrain.db"; }},
-      {[&] { controller.exit(); }, DtOptionsPdu::DtVistralExit, nullptr},
-      {[&] { controller.setPrevModelSet(); }, DtOptionsPdu::DtVistralPrevModelSet, nullptr},
-      {[&] { controller.setTerrainScale(2); }, DtOptionsPdu::DtVistralTerrainScale,
-       [](const DtOptionsPdu& p) { return p.terrainScale() == 2; }},
-      {[&] { controller.pauseVideoRecording(); }, DtOptionsPdu::DtVistralVideoCaptureCommand,
-       [](const DtOptionsPdu& p) { return p.videoCaptureCommand() == 1; }},
-      {[&] { controller.setVideoCaptureFramesPerSecond(30); },
-       DtOptionsPdu::DtVistralVideoCaptureFramesPerSecond,
-       [](const DtOptionsPdu& p) { return p.videoCaptureFramesPerSecond() == 30; }},
-      {[&] { controller.setConstrainViewToAll(true); }, DtOptionsPdu::DtVistralConstrainToAll,
-       [](const DtOptionsPdu& p) { return p.constrainedToAll(); }},
-      {[&] { controller.clearFeatures(); }, DtOptionsPdu::DtVistralFeatureCommand,
-       [](const DtOptionsPdu& p) { return p.featureCommand() == 1; }},
+      {[&] { controller.setAbsoluteMode(&v, &o); },
+       196,
+       0,
+       0xFFFFFFC0,
+       {{160, f64s(1, 2, 3)}, {184, f32s(0.5, 0.25, 0.125)}}},
+      {[&] { controller.setTetherMode(&tank, &v, &o); },
+       308,
+       1,
+       0xFFEFFE07,
+       {{156, f32s(1, 2, 3)}, {168, f32s(0.5, 0.25, 0.125)}, {180, text("tank 1")}}},
+      {[&] { controller.setCompassMode(&tank, &r, &h, &p); },
+       308,
+       2,
+       0xFFEFF9EF,
+       {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, text("tank 1")}}},
+      {[&] { controller.setMimicMode(&tank, &v); },
+       308,
+       3,
+       0xFFEF1FFF,
+       {{156, f32s(1, 2, 3)}, {180, text("tank 1")}}},
+      {[&] { controller.setTurretMode(&truck, &v); },
+       308,
+       4,
+       0xFFEF1FFF,
+       {{156, f32s(1, 2, 3)}, {180, text("truck")}}},
+      {[&] { controller.setOrbitMode(&tank, &r, &h, &p, &rate); },
+       312,
+       5,
+       0xFFEBFDE7,
+       {{156, be32f(10)}, {160, be32f(4)}, {164, be32f(20)}, {168, be32f(30)}, {184, text("tank 1")}}},
+      {[&] { controller.setTrackMode(&truck, &v); },
+       312,
+       6,
+       0xFFEFFFF8,
+       {{160, f64s(1, 2, 3)}, {184, text("truck")}}},
+      {[&] { controller.setTetherTrackMode(&tank, &truck, &v); },
+       424,
+       7,
+       0xFFCF1FFF,
+       {{156, f32s(1, 2, 3)}, {168, text("tank 1")}, {232, text("truck")}}},
+      {[&] { controller.setMimicTrackMode(&tank, &truck, &v); },
+       424,
+       8,
+       0xFFCFFFF8,
+       {{156, f32s(1, 2, 3)}, {168, text("tank 1")}, {232, text("truck")}}},
+      {[&] { controller.setPivotMode(&v, &r, &h, &p); },
+       204,
+       12,
+       0xFFFFF9E8,
+       {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, f64s(1, 2, 3)}}},
+      {[&] { controller.set(&v, &o); },
+       208,
+       13,
+       0xFFFFFFC0,
+       {{160, f64s(1, 2, 3)}, {184, f64s(0.5, 0.25, 0.125)}}},
+      {[&] { controller.moveEyepoint(Controller::BACKWARDS); }, 208, 13, 0xFEFFFFFF, {{157, {5}}}},
+      {[&] { controller.turnEyepoint(Controller::UP); }, 208, 13, 0xFEFFFFFF, {{156, {2}}}},
+      {[&] { controller.reset(); }, 208, 13, 0xFFFFFFFF, {{158, {1}}}},
+      {[&] { controller.setWideGroupMode(&list, &r, &h, &p); },
+       188 + 128,
+       9,
+       0xFFF7E7FF,
+       {{156, be32f(10)},
+        {168, be32f(20)},
+        {172, be32f(30)},
+        {176, u32(1)},
+        {180, u32(0xFFFFFFFF)},
+        {184, u32(2)},
+        {188, text("a")},
+        {252, text("b")}}},
+      {[&] { controller.setPrimarySecondary(tank, truck); },
+       292,
+       10,
+       0x400000,
+       {{156, text("tank 1")}, {220, text("truck")}}},
+      {[&] { controller.removeFromGroup(list); },
+       292 + 128,
+       10,
+       0x300000,
+       {{284, u32(2)}, {292, text("a")}, {356, text("b")}}},
   };
   for (const Case& c : cases) {
     c.call();
-    const auto& options = sender.last<DtOptionsPdu>();
-    EXPECT_EQ(options.length(), 1539);
-    int present = 0;
-    for (int bit = 0; bit < 67; ++bit) present += options.optionPresent(static_cast<DtVistralOption>(bit));
-    EXPECT_EQ(present, 1) << "option " << c.option;
-    EXPECT_TRUE(options.optionPresent(c.option)) << "option " << c.option;
-    if (c.value) {
-      EXPECT_TRUE(c.value(options)) << "option " << c.option;
-    }
+    EXPECT_EQ(sender.images.back(), expectedImage(c.length, c.command, c.flags, c.fields))
+        << "command " << c.command;
   }
-  controller.startVideoRecording("take1.mp4");
-  EXPECT_EQ(sender.last<DtOptionsPdu>().videoCaptureCommand(), 3);
-  EXPECT_EQ(sender.last<DtOptionsPdu>().videoCaptureFilename(), "take1.mp4");
-  controller.loadFeatures("roads.shp");
-  EXPECT_EQ(sender.last<DtOptionsPdu>().featureCommand(), 0);
-  EXPECT_EQ(sender.last<DtOptionsPdu>().featureFilename(), "roads.shp");
-  controller.setMirroring(true);  // a neighbour of the shared bit
-  EXPECT_FALSE(sender.last<DtOptionsPdu>().optionPresent(DtOptionsPdu::DtVistralBroadcasting));
+}
+
+TEST_F(Steering, EveryOptionOperationSetsOneBitAndWritesItsValueInItsPlace) {
+  struct Case {
+    std::function<void()> call;
+    std::vector<int> bits;
+    std::vector<Write> values;
+  };
+  const Bytes on{1};
+  const Case cases[] = {
+      {[&] { controller.setOverlayEnabled(true); }, {0}, {{240, u32(1)}}},
+      {[&] { controller.setSmoothing(DtSmoothingCubic); }, {2}, {{244, u32(2)}}},
+      {[&] { controller.setSmoothingPeriod(0.75); }, {3}, {{168, be64(0.75)}}},
+      {[&] { controller.setSoundEnabled(true); }, {4}, {{256, on}}},
+      {[&] { controller.setEntityLabelsEnabled(true); }, {5}, {{257, on}}},
+      {[&] { controller.setTrailingEffectsEnabled(true); }, {6}, {{258, on}}},
+      {[&] { controller.setTrajectoryHistoriesEnabled(true); }, {7}, {{259, on}}},
+      {[&] { controller.setAggregateLevel(3); }, {9}, {{248, u32(3)}}},
+      {[&] { controller.setAggregateHighestOnly(true); }, {10}, {{261, on}}},
+      {[&] { controller.setGroundClampingEnabled(true); }, {14}, {{265, on}}},
+      {[&] { controller.setGroundClampRange(500); }, {15}, {{176, be64(500)}}},
+      {[&] { controller.setConstrainWithFloor(true); }, {17}, {{267, on}}},
+      {[&] { controller.setFloor(-12.5); }, {18}, {{184, be64(-12.5)}}},
+      {[&] { controller.setTimeOfDay(13.5); }, {19}, {{192, be64(13.5)}}},
+      {[&] { controller.setNearClippingPlane(0.25); }, {20}, {{200, be64(0.25)}}},
+      {[&] { controller.setFarClippingPlane(9000); }, {21}, {{208, be64(9000)}}},
+      {[&] { controller.setVerticalFieldOfView(45); }, {22}, {{216, be64(45)}}},
+      {[&] { controller.setFogEnabled(true); }, {23}, {{268, on}}},
+      {[&] { controller.setDatabaseToLoad("terrain.db"); }, {27}, {{272, text("terrain.db")}}},
+      {[&] { controller.setStepsize(2.5f); }, {28}, {{596, be32f(2.5f)}}},
+      {[&] { controller.setTurnrate(1.5f); }, {29}, {{592, be32f(1.5f)}}},
+      {[&] { controller.setDate("2024-05-01"); }, {30}, {{528, text("2024-05-01")}}},
+      {[&] { controller.increaseStepsize(); }, {31}, {}},
+      {[&] { controller.increaseTurnrate(); }, {32}, {}},
+      {[&] { controller.decreaseStepsize(); }, {33}, {}},
+      {[&] { controller.decreaseTurnrate(); }, {34}, {}},
+      {[&] { controller.setXr(true); }, {35}, {{254, on}}},
+      {[&] { controller.setHatLabels(true); }, {36}, {{255, on}}},
+      {[&] { controller.setNextModelSet(); }, {37}, {}},
+      {[&] { controller.setPrevModelSet(); }, {38}, {}},
+      {[&] { controller.setCurrentModelSet("models-b"); }, {39}, {{600, text("models-b")}}},
+      {[&] { controller.setPrevTextureSet(); }, {40}, {}},
+      {[&] { controller.setNextTextureSet(); }, {41}, {}},
+      {[&] { controller.setCurrentTextureSet("winter"); }, {42}, {{632, text("winter")}}},
+      {[&] { controller.setTerrainScale(2); }, {43}, {{664, be32f(2)}}},
+      {[&] { controller.setObjectScale(1.5); }, {44}, {{668, be32f(1.5)}}},
+      {[&] { controller.setClouds(true); }, {45}, {{673, on}}},
+      {[&] { controller.setSkyDome(true); }, {46}, {{672, on}}},
+      {[&] { controller.exit(); }, {47}, {}},
+      {[&] { controller.setMirroring(true); }, {48}, {{674, on}}},
+      {[&] { controller.setMirrorMessageEveryFrame(true); }, {49}, {{675, on}}},
+      {[&] { controller.setBroadcasting(true); }, {49}, {{676, on}}},  // the bit they share
+      {[&] { controller.setClusteringLabels(true); }, {50}, {{677, on}}},
+      {[&] { controller.setTacticalGraphicsLabels(true); }, {51}, {{678, on}}},
+      {[&] { controller.setShowAggregates(true); }, {53}, {{680, on}}},
+      {[&] { controller.setShowEmitters(true); }, {54}, {{681, on}}},
+      {[&] { controller.stopVideoRecording(); }, {55}, {{682, {0}}}},
+      {[&] { controller.pauseVideoRecording(); }, {55}, {{682, {1}}}},
+      {[&] { controller.unpauseVideoRecording(); }, {55}, {{682, {2}}}},
+      {[&] { controller.startVideoRecording(); }, {55}, {{682, {3}}}},
+      {[&] { controller.startVideoRecording("take1.mp4"); },
+       {55, 56},
+       {{682, {3}}, {688, text("take1.mp4")}}},
+      {[&] { controller.setVideoCaptureDirectory("/captures"); }, {57}, {{944, text("/captures")}}},
+      {[&] { controller.setVideoCaptureFilenameBase("take"); }, {58}, {{1200, text("take")}}},
+      {[&] { controller.setVideoCaptureRecordInsets(true); }, {59}, {{683, on}}},
+      {[&] { controller.setVideoCaptureFramesPerSecond(30); }, {60}, {{684, bytes({0, 30})}}},
+      {[&] { controller.setConstrainViewToAll(true); }, {61}, {{1272, on}}},
+      {[&] { controller.setBlockedDistance(80); }, {62}, {{1264, be64(80)}}},
+      {[&] { controller.setUseNearClipForBlockedDistance(true); }, {63}, {{1273, on}}},
+      {[&] { controller.loadFeatures("roads.shp"); }, {64, 66}, {{1282, text("roads.shp")}, {1538, {0}}}},
+      {[&] { controller.clearFeatures(); }, {66}, {{1538, {1}}}},
+  };
+  int row = 0;
+  for (const Case& c : cases) {
+    c.call();
+    // The presence bits, least significant first: the first bitfield is the first word at 152, options from
+    // 64 on are in the second bitfield at 1274.
+    Bytes first(8, 0), second(8, 0);
+    for (int bit : c.bits)
+      (bit < 64 ? first : second)[static_cast<std::size_t>(bit % 64 / 8)] |=
+          static_cast<std::uint8_t>(1u << (bit % 8));
+    std::vector<Write> writes = c.values;
+    writes.push_back(Write{152, first});
+    writes.push_back(Write{1274, second});
+    EXPECT_EQ(sender.images.back(), expectedImage(1539, 11, 0, writes)) << "row " << row;
+    ++row;
+  }
+  EXPECT_EQ(row, 60);
 }
 
 TEST_F(Steering, SetModeRequestsAndAddressing) {
@@ -302,7 +444,7 @@ TEST_F(Steering, CallbacksByViewerNameAndOwnCommandFilter) {
 }
 
 namespace {
-// A callback that removes itself and its neighbour while the list is being walked.
+// A callback that removes itself (every entry it has) while the list is being walked.
 struct SelfRemoving {
   Controller* controller;
   int calls = 0;

@@ -155,8 +155,9 @@ TEST(Messages, DumpLinesEnumNamesAndExceptions) {
     DtDumpBoolean("Flag", false);
     DtDumpText("bare\n");
   }
-  EXPECT_EQ(out.str(), "Name:                    x\nA label longer than the column VcOrbit (5)\n"
-                       "Hex                      01 ff\nFlag                     false\nbare\n");
+  EXPECT_EQ(out.str(),
+            "Name:                    x\nA label longer than the column VcOrbit (5)\n"
+            "Hex                      01 ff\nFlag                     false\nbare\n");
 
   EXPECT_STREQ(DtEnumString(DtVcOrbit), "VcOrbit");
   EXPECT_STREQ(DtEnumString(DtVcPivotStatus), "VcPivotStatus");

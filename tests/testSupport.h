@@ -56,8 +56,11 @@ inline const char* textBufferOf(const DtVistralControlPdu& pdu) { return TextBuf
 
 // A received image of the given bytes, as a receiver holds it: zero-filled past the bytes.
 struct ReceivedImage {
-  explicit ReceivedImage(const Bytes& b) : storage(70000, 0) { std::copy(b.begin(), b.end(), storage.begin()); }
-  explicit ReceivedImage(const DtPdu& pdu) : ReceivedImage(Bytes(pdu.packet(), pdu.packet() + pdu.length())) {}
+  explicit ReceivedImage(const Bytes& b) : storage(70000, 0) {
+    std::copy(b.begin(), b.end(), storage.begin());
+  }
+  explicit ReceivedImage(const DtPdu& pdu)
+      : ReceivedImage(Bytes(pdu.packet(), pdu.packet() + pdu.length())) {}
   const DtNetPduHeader* header() const { return reinterpret_cast<const DtNetPduHeader*>(storage.data()); }
   DtNetViewControlPdu* vc() { return reinterpret_cast<DtNetViewControlPdu*>(storage.data()); }
   Bytes storage;

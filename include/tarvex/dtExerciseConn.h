@@ -143,7 +143,7 @@ class TARVEX_EXPORT DtExerciseConn {
   // for that class (made with createEncoder() when there is none and the interaction can make one; the
   // interaction then gets the class description). Returns false, sending nothing, when the FOM has no such
   // class or there is no encoder.
-  bool sendInteraction(DtInteraction& inter);
+  [[nodiscard]] bool sendInteraction(DtInteraction& inter);
 
   // Delivers what has arrived since the last call: for each interaction, creates an object through the
   // interaction factory, decodes it with the class's decoder (made with createDecoder() when there is none)
@@ -155,9 +155,8 @@ class TARVEX_EXPORT DtExerciseConn {
   std::size_t pendingIncoming() const;
   std::size_t retainedIncomingBytes() const;
 
-  struct Impl;
-
  private:
+  struct Impl;
   using CallbackThunk = void (*)(DtInteractionDetail::ErasedFunction, DtInteraction*, void*);
   template <class I>
   static void callAs(DtInteractionDetail::ErasedFunction fn, DtInteraction* inter, void* usr) {

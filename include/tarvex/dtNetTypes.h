@@ -86,8 +86,8 @@ struct DtNetEulerAngles {
 
 static_assert(sizeof(DtNet32Vector) == 12 && sizeof(DtNetEulerAngles) == 12, "wire widths");
 
-// A 64-byte name field: text of at most 64 bytes, padded with zero bytes. Read back as the text up to the first
-// zero byte or the 64th byte, whichever comes first.
+// A 64-byte name field: text of at most 64 bytes, padded with zero bytes. Read back as the text up to the
+// first zero byte or the 64th byte, whichever comes first.
 class TARVEX_EXPORT DtNetGlobalObjectDesignator {
  public:
   static constexpr int kWidth = 64;

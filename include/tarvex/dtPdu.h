@@ -6,6 +6,7 @@
 // accessor can touch memory outside the object, whatever offset or length a received header states.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
@@ -41,6 +42,13 @@ class TARVEX_EXPORT DtPdu {
   static constexpr int kDefaultProtocolVersion = 6;
   static constexpr int kDefaultExerciseId = 1;
   static constexpr int kDefaultProtocolFamily = 129;
+  // Where the header's fields lie (DtNetPduHeader).
+  static constexpr int kProtocolVersionOffset = 0;
+  static constexpr int kExerciseIdOffset = 1;
+  static constexpr int kKindOffset = 2;
+  static constexpr int kProtocolFamilyOffset = 3;
+  static constexpr int kTimeStampOffset = 4;
+  static constexpr int kLengthOffset = 8;
 
   DtPdu() = default;
   DtPdu(const DtPdu& other);
@@ -64,13 +72,13 @@ class TARVEX_EXPORT DtPdu {
   [[nodiscard]] bool deleteBytes(int offset, int count);
 
   // Header fields.
-  int protocolVersion() const { return u8At(0); }
-  int exerciseId() const { return u8At(1); }
-  void setExerciseId(int id) { setU8At(1, static_cast<std::uint8_t>(id)); }
-  int pduKind() const { return u8At(2); }
-  int protocolFamily() const { return u8At(3); }
-  std::uint32_t timeStamp() const { return u32At(4); }
-  void setTimeStamp(std::uint32_t stamp) { setU32At(4, stamp); }
+  int protocolVersion() const { return u8At(kProtocolVersionOffset); }
+  int exerciseId() const { return u8At(kExerciseIdOffset); }
+  void setExerciseId(int id) { setU8At(kExerciseIdOffset, static_cast<std::uint8_t>(id)); }
+  int pduKind() const { return u8At(kKindOffset); }
+  int protocolFamily() const { return u8At(kProtocolFamilyOffset); }
+  std::uint32_t timeStamp() const { return u32At(kTimeStampOffset); }
+  void setTimeStamp(std::uint32_t stamp) { setU32At(kTimeStampOffset, stamp); }
   DtPduFactory* factory() const { return factory_; }
 
   virtual int internalGetPduKind() const;
@@ -126,9 +134,6 @@ class TARVEX_EXPORT DtPdu {
   // Copies count bytes of the image from offset out; bytes outside the initialised image come out as zero.
   void copyBytesAt(int offset, void* out, int count) const;
 
- protected:
-  static constexpr int kLengthOffset = 8;
-
  private:
   unsigned char* data() { return heap_ ? heap_.get() : inline_; }
   const unsigned char* data() const { return heap_ ? heap_.get() : inline_; }
@@ -169,3 +174,11 @@ class TARVEX_EXPORT DtPdu {
   DtPduFactory* factory_ = nullptr;
   unsigned char inline_[kInlineCapacity];
 };
+
+static_assert(DtPdu::kProtocolVersionOffset == offsetof(DtNetPduHeader, protocolVersion) &&
+                  DtPdu::kExerciseIdOffset == offsetof(DtNetPduHeader, exerciseId) &&
+                  DtPdu::kKindOffset == offsetof(DtNetPduHeader, kind) &&
+                  DtPdu::kProtocolFamilyOffset == offsetof(DtNetPduHeader, protocolFamily) &&
+                  DtPdu::kTimeStampOffset == offsetof(DtNetPduHeader, timeStamp) &&
+                  DtPdu::kLengthOffset == offsetof(DtNetPduHeader, length),
+              "header offsets are those of DtNetPduHeader");

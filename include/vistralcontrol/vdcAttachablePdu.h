@@ -71,6 +71,8 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   static const char* typeString(DtVcObjectAttachment type);
 
  protected:
+  // Both relative locations of a new PDU (version 0 keeps one).
+  void setRelativeLocations(unsigned char percent);
   // The flag byte, which subclasses share: bits they set keep the others.
   void setFlagBits(unsigned mask, unsigned bits);
   unsigned flagBits(unsigned mask) const;

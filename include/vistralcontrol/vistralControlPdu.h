@@ -13,11 +13,12 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
   static constexpr int kPduKind = 202;
   static constexpr int kTextBufferSize = 400;
   static constexpr int kStatusOffset = 500;
+  static constexpr int kStatusLast = 600;  // the highest command number that is a status form
   static constexpr unsigned kDrawControlMark = 0x600DF00D;
 
   DtVistralControlPdu();
-  DtVistralControlPdu(const DtVistralControlPdu& other);
-  DtVistralControlPdu& operator=(const DtVistralControlPdu& other);
+  DtVistralControlPdu(const DtVistralControlPdu& other) = default;
+  DtVistralControlPdu& operator=(const DtVistralControlPdu& other) = default;
   ~DtVistralControlPdu() override;
 
   void printData() const override;
@@ -40,7 +41,7 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
   unsigned long ignoreFlags() const;
   void setIgnoreFlags(unsigned long flags);
 
-  // The command is a status (answer) form: 500 to 600.
+  // The command is a status (answer) form: kStatusOffset to kStatusLast.
   bool statusCommand() const;
   void setStatusCommand(bool status);
 
@@ -49,7 +50,8 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
 
   // Creation from a received image (owned by the caller; null when the kind or command is not recognised).
   static DtPdu* create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
-  static DtPdu* createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
+  static DtPdu* createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                              DtPduFactory* factory);
   static DtPdu* createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                   DtPduFactory* factory);
   static DtPdu* createDrawControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,

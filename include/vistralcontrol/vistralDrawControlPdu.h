@@ -89,6 +89,14 @@ class VISTRAL_EXPORT DtVistralDrawControlPdu : public DtVistralControlPdu {
   static const char* typeString(int type);
   void printData() const override;
 
+ protected:
+  // A new, zero-filled image of the class: its length and viewer command, then the mark with the version
+  // (version 0 writes none).
+  void initDraw(int length, DtBufferPlaceHolder* holder, DtViewerCommand command, unsigned version);
+  // A received image, taken as it is but for the class's viewer command, which is set again.
+  void initDraw(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory,
+                DtViewerCommand command);
+
  private:
   mutable DtString internalText_;  // the last text internalText read
 };

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "tarvex/dtDeferredRemoval.h"
 #include "tarvex/dtGlobalObjectDesignatorList.h"
 #include "tarvex/dtList.h"
 #include "tarvex/dtString.h"
@@ -219,7 +220,5 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   DtCustomRemoteControlSender* sender_ = nullptr;
   std::unique_ptr<DtExerciseConn> ownedConn_;
   bool ignoreOwnCommands_ = true;
-  // Callback removal during a walk of the list is deferred until the walk ends.
-  mutable int walking_ = 0;
-  mutable bool removedDuringWalk_ = false;
+  mutable DtDeferredRemoval removal_;  // callbacks removed while a received PDU walks them
 };

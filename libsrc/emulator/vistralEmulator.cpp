@@ -108,9 +108,8 @@ std::unique_ptr<DtVistralControlPdu> DtVistralEmulator::stateReport() const {
 void DtVistralEmulator::answer() {
   const std::unique_ptr<DtVistralControlPdu> report = stateReport();
   if (!report) return;
-  ++state_.counters.answered;
-  if (conn_ == nullptr) return;
+  // Without a federation the answer is only counted; a connection that refuses it has not answered.
   DtVistralControlInteraction inter;
   inter.setVcPdu(*report);
-  conn_->sendInteraction(inter);
+  if (conn_ == nullptr || conn_->sendInteraction(inter)) ++state_.counters.answered;
 }

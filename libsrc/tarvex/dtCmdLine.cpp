@@ -41,7 +41,8 @@ void DtCmdLine::setPositionalHelp(const std::string& synopsis, const std::string
 
 DtCmdLine::Option* DtCmdLine::find(const std::string& token) {
   for (auto& option : options_) {
-    if (token == Option::spelled(option->name) || (!option->alias.empty() && token == Option::spelled(option->alias)))
+    if (token == Option::spelled(option->name) ||
+        (!option->alias.empty() && token == Option::spelled(option->alias)))
       return option.get();
   }
   return nullptr;
@@ -91,18 +92,20 @@ DtCmdLine::Result DtCmdLine::parse(int argc, const char* const* argv) {
 }
 
 bool DtCmdLine::isSet(int index) const {
-  return index >= 0 && index < static_cast<int>(options_.size()) && options_[static_cast<std::size_t>(index)]->set;
+  return index >= 0 && index < static_cast<int>(options_.size()) &&
+         options_[static_cast<std::size_t>(index)]->set;
 }
 
 const std::string& DtCmdLine::value(int index) const {
   static const std::string kNone;
-  return index >= 0 && index < static_cast<int>(options_.size()) ? options_[static_cast<std::size_t>(index)]->value
-                                                                   : kNone;
+  return index >= 0 && index < static_cast<int>(options_.size())
+             ? options_[static_cast<std::size_t>(index)]->value
+             : kNone;
 }
 
 void DtCmdLine::printUsage(std::ostream& out) const {
-  out << "Usage: " << program_ << " [OPTIONS]" << (positionalSynopsis_.empty() ? "" : " ") << positionalSynopsis_
-      << "\n";
+  out << "Usage: " << program_ << " [OPTIONS]" << (positionalSynopsis_.empty() ? "" : " ")
+      << positionalSynopsis_ << "\n";
   if (!summary_.empty()) out << summary_ << "\n";
   out << "\nOptions:\n";
   const auto row = [&out](const std::string& left, const std::string& help) {
@@ -115,7 +118,8 @@ void DtCmdLine::printUsage(std::ostream& out) const {
     if (!option->alias.empty()) left += ", " + Option::spelled(option->alias);
     if (option->takesValue()) left += " " + option->valueName;
     std::string help = option->help;
-    if (option->takesValue() && !option->value.empty() && !option->set) help += " (default: " + option->value + ")";
+    if (option->takesValue() && !option->value.empty() && !option->set)
+      help += " (default: " + option->value + ")";
     row(left, help);
   }
   row("-h, --help", "print this help and exit");

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "dtFederationBackend.h"
+#include "tarvex/dtDeferredRemoval.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtMessage.h"
 
@@ -28,9 +29,7 @@ namespace {
 constexpr const char* kInProcess = "inprocess";
 constexpr const char* kRti13 = "rti13";
 
-bool empty(const char* text) {
-  return text == nullptr || *text == '\0';
-}
+bool empty(const char* text) { return text == nullptr || *text == '\0'; }
 
 // The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
 std::string chooseBackend(const std::string& execution, const char* backend) {
@@ -73,7 +72,7 @@ struct DtExerciseConn::Impl {
   DtInteractionDecoderList decoders;
   DtInteractionEncoderList encoders;
   DtInteractionFactory factory;
-  bool processing = false;
+  DtDeferredRemoval removal;  // callbacks removed while processIncoming() walks them
 
   void join(const char* executionName, const char* federateName, const char* fedFile, const char* backendName,
             void* rtiAmbassador) {
@@ -161,7 +160,6 @@ struct DtExerciseConn::Impl {
       const Callback c = state.callbacks[i];
       if (c.live) c.thunk(c.fn, inter.get(), c.usr);
     }
-    compact(state);
     return true;
   }
 
@@ -187,25 +185,13 @@ DtExerciseConn::DtExerciseConn(const char* executionName, const char* federateNa
 
 DtExerciseConn::~DtExerciseConn() = default;
 
-bool DtExerciseConn::rtiBackendBuiltIn() {
-  return TARVEX_HAVE_RTI13 != 0;
-}
+bool DtExerciseConn::rtiBackendBuiltIn() { return TARVEX_HAVE_RTI13 != 0; }
 
-const DtString& DtExerciseConn::executionName() const {
-  return impl_->execution;
-}
-const DtString& DtExerciseConn::federateName() const {
-  return impl_->federate;
-}
-const char* DtExerciseConn::backendName() const {
-  return impl_->backend->name();
-}
-DtInitStatus DtExerciseConn::initStatus() const {
-  return impl_->backend->initStatus();
-}
-const DtFomMapper& DtExerciseConn::fomMapper() const {
-  return impl_->mapper;
-}
+const DtString& DtExerciseConn::executionName() const { return impl_->execution; }
+const DtString& DtExerciseConn::federateName() const { return impl_->federate; }
+const char* DtExerciseConn::backendName() const { return impl_->backend->name(); }
+DtInitStatus DtExerciseConn::initStatus() const { return impl_->backend->initStatus(); }
+const DtFomMapper& DtExerciseConn::fomMapper() const { return impl_->mapper; }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
   if (name == nullptr) return nullptr;
@@ -219,24 +205,16 @@ DtInterClassDesc* DtExerciseConn::interClassDescByHandle(RTI::InteractionClassHa
   return found == impl_->indexOfHandle.end() ? nullptr : impl_->classes[found->second].get();
 }
 
-int DtExerciseConn::interClassCount() const {
-  return static_cast<int>(impl_->classes.size());
-}
+int DtExerciseConn::interClassCount() const { return static_cast<int>(impl_->classes.size()); }
 
 DtInterClassDesc* DtExerciseConn::interClassDesc(int index) const {
   return index >= 0 && index < interClassCount() ? impl_->classes[static_cast<std::size_t>(index)].get()
                                                  : nullptr;
 }
 
-DtInteractionDecoderList& DtExerciseConn::decoderList() {
-  return impl_->decoders;
-}
-DtInteractionEncoderList& DtExerciseConn::encoderList() {
-  return impl_->encoders;
-}
-DtInteractionFactory& DtExerciseConn::interactionFactory() {
-  return impl_->factory;
-}
+DtInteractionDecoderList& DtExerciseConn::decoderList() { return impl_->decoders; }
+DtInteractionEncoderList& DtExerciseConn::encoderList() { return impl_->encoders; }
+DtInteractionFactory& DtExerciseConn::interactionFactory() { return impl_->factory; }
 
 bool DtExerciseConn::addCallback(const char* className, DtInteractionDetail::ErasedFunction fn,
                                  CallbackThunk thunk, void* usr, const std::shared_ptr<DtDDMRegion>& region) {
@@ -257,8 +235,8 @@ bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::
   Impl::ClassState& state = impl_->states[impl_->indexOf(desc)];
   for (Impl::Callback& c : state.callbacks) {
     if (!c.live || c.fn != fn || c.usr != usr) continue;
-    c.live = false;  // erased now, or after the delivery that is walking the list
-    if (!impl_->processing) Impl::compact(state);
+    c.live = false;
+    if (impl_->removal.eraseNow()) Impl::compact(state);
     if (--state.liveCallbacks == 0) impl_->backend->subscribe(desc->handle(), false);
     return true;
   }
@@ -286,24 +264,20 @@ bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
 
 int DtExerciseConn::processIncoming() {
   Impl& m = *impl_;
-  if (m.processing) return 0;
-  struct Processing {
-    bool& flag;
-    explicit Processing(bool& f) : flag(f) { flag = true; }
-    ~Processing() { flag = false; }
-  } processing(m.processing);
-  m.backend->poll();
+  if (m.removal.walking()) return 0;
   int delivered = 0;
-  m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
-    if (m.deliver(*this, cls, set)) ++delivered;
-  });
-  for (Impl::ClassState& state : m.states) Impl::compact(state);
+  m.removal.walk(
+      [&] {
+        m.backend->poll();
+        m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
+          if (m.deliver(*this, cls, set)) ++delivered;
+        });
+      },
+      [&] {
+        for (Impl::ClassState& state : m.states) Impl::compact(state);
+      });
   return delivered;
 }
 
-std::size_t DtExerciseConn::pendingIncoming() const {
-  return impl_->queue.pending();
-}
-std::size_t DtExerciseConn::retainedIncomingBytes() const {
-  return impl_->queue.retainedBytes();
-}
+std::size_t DtExerciseConn::pendingIncoming() const { return impl_->queue.pending(); }
+std::size_t DtExerciseConn::retainedIncomingBytes() const { return impl_->queue.retainedBytes(); }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "tarvex/dtException.h"
@@ -98,7 +99,10 @@ class DtFedFile::Parser {
         i = end + 1;
       } else {
         const std::size_t start = i;
-        while (i < text_.size() && !std::strchr(" \t\r\n\f\v();\"", text_[i])) ++i;
+        // Not strchr: it finds a zero byte in any set, which would end the word before it began and never
+        // move on. A zero byte is part of a word here.
+        static constexpr std::string_view kEndOfWord(" \t\r\n\f\v();\"");
+        while (i < text_.size() && kEndOfWord.find(text_[i]) == std::string_view::npos) ++i;
         addAtom(stack.back(), text_.substr(start, i - start));
       }
     }

@@ -26,9 +26,7 @@ void DtFomMapper::mapParameter(const std::string& fomClassName, const std::strin
   set(fomClassName, name, fomName);
 }
 
-const char* DtFomMapper::fomInteractionClass(const char* name) const {
-  return lookup("", name);
-}
+const char* DtFomMapper::fomInteractionClass(const char* name) const { return lookup("", name); }
 
 const char* DtFomMapper::fomParameter(const char* fomClassName, const char* name) const {
   return lookup(fomClassName ? fomClassName : "", name);

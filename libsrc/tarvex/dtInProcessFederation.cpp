@@ -94,9 +94,7 @@ class InProcessFederate final : public DtFederationBackend {
   DtParameterSet sendSet_;
 };
 
-Federation::~Federation() {
-  executions().erase(name_);
-}
+Federation::~Federation() { executions().erase(name_); }
 
 void Federation::resign(InProcessFederate* member) {
   for (auto it = members_.begin(); it != members_.end(); ++it) {

@@ -4,7 +4,7 @@
 
 namespace {
 // What a drained batch keeps for the next one. Steady traffic fits easily; a burst beyond it is given back.
-constexpr std::size_t kKeptBytes = 256 * 1024;
+constexpr std::size_t kKeptBytes = std::size_t{256} * 1024;
 constexpr std::size_t kKeptRecords = 4096;
 
 template <class T>
@@ -53,12 +53,8 @@ char* DtIncomingQueue::View::getValuePointer(RTI::ULong index, RTI::ULong& lengt
   return bytes_ + v.offset;
 }
 
-RTI::TransportType DtIncomingQueue::View::getTransportType() const {
-  return 1;
-}
-RTI::OrderType DtIncomingQueue::View::getOrderType() const {
-  return 1;
-}
+RTI::TransportType DtIncomingQueue::View::getTransportType() const { return 1; }
+RTI::OrderType DtIncomingQueue::View::getOrderType() const { return 1; }
 
 void DtIncomingQueue::View::readOnly() {
   throw RTI::InvalidHandleValuePairSetContext("a received parameter set cannot be changed");

@@ -45,10 +45,10 @@ void DtPdu::initPdu(int length, DtBufferPlaceHolder* /*holder*/) {
   std::memset(data(), 0, static_cast<std::size_t>(size));
   extent_ = size;
   unsigned char* p = data();
-  p[0] = kDefaultProtocolVersion;
-  p[1] = kDefaultExerciseId;
-  p[2] = static_cast<unsigned char>(internalGetPduKind());
-  p[3] = kDefaultProtocolFamily;
+  p[kProtocolVersionOffset] = kDefaultProtocolVersion;
+  p[kExerciseIdOffset] = kDefaultExerciseId;
+  p[kKindOffset] = static_cast<unsigned char>(internalGetPduKind());
+  p[kProtocolFamilyOffset] = kDefaultProtocolFamily;
   setLengthField(size);
 }
 

@@ -112,7 +112,8 @@ class Tokens {
 void DtGroupVCPdu::setFromString(const char* text) {
   if (text == nullptr) return;
   // Fields the text does not give are set to zero; when the numbers do not all scan, the ids are taken from
-  // the start of the text.
+  // the start of the text. The group command is read only to step over it: the PDU keeps its own, so a
+  // text never turns a group into a wide group or back.
   int command = 0, removeCount = 0, addCount = 0, idsAt = 0;
   float radial = 0, headingValue = 0, pitchValue = 0, headingOff = 0, pitchOff = 0;
   std::sscanf(text, "%d %d %d %f %f %f %f %f %n", &command, &removeCount, &addCount, &radial, &headingValue,

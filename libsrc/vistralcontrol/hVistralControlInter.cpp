@@ -8,9 +8,7 @@
 
 namespace {
 // create() returns only control PDU classes (or null), so the result is one.
-DtVistralControlPdu* asControlPdu(DtPdu* pdu) {
-  return static_cast<DtVistralControlPdu*>(pdu);
-}
+DtVistralControlPdu* asControlPdu(DtPdu* pdu) { return static_cast<DtVistralControlPdu*>(pdu); }
 
 // A new PDU read from another PDU's image, as a receiver would read it: the image is laid into the reusable
 // zero-tailed buffer that received values go through, by a bounded copy, so that whatever its length field
@@ -38,21 +36,15 @@ DtVistralControlInteraction& DtVistralControlInteraction::operator=(
   return *this;
 }
 
-DtVistralControlInteraction::~DtVistralControlInteraction() {
-  delete pdu_;
-}
+DtVistralControlInteraction::~DtVistralControlInteraction() { delete pdu_; }
 
-DtInteraction* DtVistralControlInteraction::create() {
-  return new DtVistralControlInteraction();
-}
+DtInteraction* DtVistralControlInteraction::create() { return new DtVistralControlInteraction(); }
 
 void DtVistralControlInteraction::printData() const {
   if (pdu_ != nullptr) pdu_->print();
 }
 
-const char* DtVistralControlInteraction::name() const {
-  return "DtVistralControlInteraction";
-}
+const char* DtVistralControlInteraction::name() const { return "DtVistralControlInteraction"; }
 
 const char* DtVistralControlInteraction::interactionClassToUse(DtExerciseConn* /*conn*/) const {
   return kClassName;
@@ -70,9 +62,7 @@ DtInteractionEncoder* DtVistralControlInteraction::createEncoder(DtExerciseConn*
   return nullptr;
 }
 
-const DtVistralControlPdu* DtVistralControlInteraction::vcPdu() const {
-  return pdu_;
-}
+const DtVistralControlPdu* DtVistralControlInteraction::vcPdu() const { return pdu_; }
 
 void DtVistralControlInteraction::setVcPdu(const DtVistralControlPdu& pdu) {
   DtVistralControlPdu* copy = reread(pdu);  // read before deleting: pdu may be the one held

@@ -14,7 +14,8 @@ DtMoveVCPdu::DtMoveVCPdu(DtBufferPlaceHolder* holder) {
   setReset(false);
 }
 
-DtMoveVCPdu::DtMoveVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory) {
+DtMoveVCPdu::DtMoveVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                         DtPduFactory* factory) {
   initPdu(image, holder, factory);
 }
 
@@ -27,7 +28,9 @@ void DtMoveVCPdu::setMove(Direction direction) { setU8At(Move::move, static_cast
 DtVector64 DtMoveVCPdu::position() const { return f64VectorAt(Move::position); }
 void DtMoveVCPdu::setPosition(const DtVector64& position) { setF64VectorAt(Move::position, position); }
 DtTaitBryan DtMoveVCPdu::orientation() const { return f64EulerAt(Move::orientation); }
-void DtMoveVCPdu::setOrientation(const DtTaitBryan& orientation) { setF64EulerAt(Move::orientation, orientation); }
+void DtMoveVCPdu::setOrientation(const DtTaitBryan& orientation) {
+  setF64EulerAt(Move::orientation, orientation);
+}
 bool DtMoveVCPdu::reset() const { return u8At(Move::reset) != 0; }
 void DtMoveVCPdu::setReset(bool reset) { setU8At(Move::reset, reset ? 1 : 0); }
 
@@ -38,7 +41,8 @@ const char* DtMoveVCPdu::directionText(int direction) {
 
 const char* DtMoveVCPdu::string() const {
   const DtVector64 p = position();
-  return formatText("%d %d %f %f %f", static_cast<int>(turn()), static_cast<int>(move()), p.x(), p.y(), p.z());
+  return formatText("%d %d %f %f %f", static_cast<int>(turn()), static_cast<int>(move()), p.x(), p.y(),
+                    p.z());
 }
 
 void DtMoveVCPdu::setFromString(const char* text) {

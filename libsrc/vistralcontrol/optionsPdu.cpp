@@ -12,178 +12,176 @@
 #include "vcLayout.h"
 
 using VcLayout::Options;
-using O = DtOptionsPdu;
 
 namespace {
-// An option with the place of its value: each pairing of presence bit and field is stated here once, and the
-// accessors and the dump read it from here. Actions have no field; texts have a width.
-struct Field {
+// How a value travels and how the dump shows it.
+enum class Kind { Overlay, Smoothing, F64, F32, U32, U16, Flag, Text, Action, VideoCapture, Feature };
+
+// One option: its presence bit, the place of its value, how it reads, its dump label and, for a text, the
+// width of its field. Actions carry no value and have no place; their label is the whole dump line.
+struct Row {
   DtVistralOption option;
   int offset;
+  Kind kind;
+  const char* label;
   int width;
 };
 
-constexpr Field kOverlay{DtVistralOverlay, Options::overlay, 4};
-constexpr Field kLocatorRange{DtVistralLocatorRange, Options::locatorRange, 8};
-constexpr Field kSmoothing{DtVistralSmoothing, Options::smoothing, 4};
-constexpr Field kSmoothingPeriod{DtVistralSmoothingPeriod, Options::smoothingPeriod, 8};
-constexpr Field kSound{DtVistralSound, Options::sound, 1};
-constexpr Field kEntityLabels{DtVistralEntityLabels, Options::entityLabels, 1};
-constexpr Field kTrailingEffects{DtVistralTrailingEffects, Options::trailingEffects, 1};
-constexpr Field kTrajectoryHistory{DtVistralTrajectoryHistory, Options::trajectoryHistory, 1};
-constexpr Field kRecording{DtVistralRecording, Options::recording, 1};
-constexpr Field kAggregateLevel{DtVistralAggregateLevel, Options::aggregateLevel, 4};
-constexpr Field kAggregateHighestOnly{DtVistralAggregateHighestOnly, Options::aggregateHighestOnly, 1};
-constexpr Field kAggregatesAltitudeControlled{DtVistralAggregatesAltitudeControlled,
-                                              Options::aggregatesAltitudeControlled, 1};
-constexpr Field kNestedAggregates{DtVistralNestedAggregates, Options::nestedAggregates, 1};
-constexpr Field kNestedEntities{DtVistralNestedEntities, Options::nestedEntities, 1};
-constexpr Field kGroundClamping{DtVistralGroundClamping, Options::groundClamping, 1};
-constexpr Field kClampRange{DtVistralClampRange, Options::clampRange, 8};
-constexpr Field kFollowGround{DtVistralFollowGround, Options::followGround, 1};
-constexpr Field kConstrainWithFloor{DtVistralConstrainWithFloor, Options::constrainWithFloor, 1};
-constexpr Field kFloor{DtVistralFloor, Options::floor, 8};
-constexpr Field kTimeOfDay{DtVistralTimeOfDay, Options::timeOfDay, 8};
-constexpr Field kNearClip{DtVistralNearClip, Options::nearClip, 8};
-constexpr Field kFarClip{DtVistralFarClip, Options::farClip, 8};
-constexpr Field kFov{DtVistralFov, Options::fov, 8};
-constexpr Field kFog{DtVistralFog, Options::fog, 1};
-constexpr Field kNearFog{DtVistralNearFog, Options::nearFog, 8};
-constexpr Field kFarFog{DtVistralFarFog, Options::farFog, 8};
-constexpr Field kTexture{DtVistralTexture, Options::texture, 1};
-constexpr Field kDatabaseToLoad{DtVistralDatabaseToLoad, Options::databaseToLoad,
-                                Options::databaseToLoadWidth};
-constexpr Field kStepsize{O::DtVistralStepsize, Options::stepsize, 4};
-constexpr Field kTurnrate{O::DtVistralTurnrate, Options::turnrate, 4};
-constexpr Field kDate{O::DtVistralDate, Options::date, Options::dateWidth};
-constexpr Field kIncStepsize{O::DtVistralIncStepsize, 0, 0};
-constexpr Field kIncTurnrate{O::DtVistralIncTurnrate, 0, 0};
-constexpr Field kDecStepsize{O::DtVistralDecStepsize, 0, 0};
-constexpr Field kDecTurnrate{O::DtVistralDecTurnrate, 0, 0};
-constexpr Field kXREnabled{O::DtVistralXREnabled, Options::xrEnabled, 1};
-constexpr Field kHATenabled{O::DtVistralHATenabled, Options::hatEnabled, 1};
-constexpr Field kNextModelSet{O::DtVistralNextModelSet, 0, 0};
-constexpr Field kPrevModelSet{O::DtVistralPrevModelSet, 0, 0};
-constexpr Field kCurrentModelSet{O::DtVistralSetCurrentModelSet, Options::currentModelSet,
-                                 Options::setNameWidth};
-constexpr Field kPrevTextureSet{O::DtVistralPrevTextureSet, 0, 0};
-constexpr Field kNextTextureSet{O::DtVistralNextTextureSet, 0, 0};
-constexpr Field kCurrentTextureSet{O::DtVistralSetCurrentTextureSet, Options::currentTextureSet,
-                                   Options::setNameWidth};
-constexpr Field kTerrainScale{O::DtVistralTerrainScale, Options::terrainScale, 4};
-constexpr Field kObjectScale{O::DtVistralObjectScale, Options::objectScale, 4};
-constexpr Field kClouds{O::DtVistralClouds, Options::clouds, 1};
-constexpr Field kSkyDome{O::DtVistralSkyDome, Options::skyDome, 1};
-constexpr Field kExit{O::DtVistralExit, 0, 0};
-constexpr Field kMirroring{O::DtVistralMirroring, Options::mirroring, 1};
-constexpr Field kMirrorMessageEveryFrame{O::DtVistralMirrorMessageEveryFrame,
-                                         Options::mirrorMessageEveryFrame, 1};
-constexpr Field kBroadcasting{O::DtVistralBroadcasting, Options::broadcasting, 1};
-constexpr Field kClusteringLabels{O::DtVistralClusteringLabels, Options::clusteringLabels, 1};
-constexpr Field kTacticalGraphicsLabels{O::DtVistralTacticalGraphicsLabels, Options::tacticalGraphicsLabels,
-                                        1};
-constexpr Field kTacticalGraphics{O::DtVistralTacticalGraphics, Options::tacticalGraphics, 1};
-constexpr Field kShowAggregates{O::DtVistralShowAggregates, Options::showAggregates, 1};
-constexpr Field kShowEmitters{O::DtVistralShowEmitters, Options::showEmitters, 1};
-constexpr Field kVideoCaptureCommand{O::DtVistralVideoCaptureCommand, Options::videoCaptureCommand, 1};
-constexpr Field kVideoCaptureFilename{O::DtVistralVideoCaptureFilename, Options::videoCaptureFilename,
-                                      Options::pathWidth};
-constexpr Field kVideoCaptureDirectory{O::DtVistralVideoCaptureDirectory, Options::videoCaptureDirectory,
-                                       Options::pathWidth};
-constexpr Field kVideoCaptureFilenameBase{O::DtVistralVideoCaptureFilenameBase,
-                                          Options::videoCaptureFilenameBase, Options::filenameBaseWidth};
-constexpr Field kVideoCaptureRecordInsets{O::DtVistralVideoCaptureRecordInsets,
-                                          Options::videoCaptureRecordInsets, 1};
-constexpr Field kVideoCaptureFramesPerSecond{O::DtVistralVideoCaptureFramesPerSecond,
-                                             Options::videoCaptureFramesPerSecond, 2};
-constexpr Field kConstrainToAll{O::DtVistralConstrainToAll, Options::constrainToAll, 1};
-constexpr Field kBlockedDistance{O::DtVistralBlockedDistance, Options::blockedDistance, 8};
-constexpr Field kUseNearClipForBlockedDistance{O::DtVistralUseNearClipForBlockedDistance,
-                                               Options::useNearClipForBlockedDistance, 1};
-constexpr Field kFeatureFilename{O::DtVistralFeatureFilename, Options::featureFilename, Options::pathWidth};
-constexpr Field kFeatureCommand{O::DtVistralFeatureCommand, Options::featureCommand, 1};
+using O = DtOptionsPdu;
 
-// How the dump shows a value.
-enum class Kind { Overlay, Smoothing, F64, F32, U32, U16, Flag, Text, Action, VideoCapture, Feature };
-
-struct DumpRow {
-  const Field* field;
-  Kind kind;
-  const char* label;  // for actions, the whole line
-};
-
-// Every option in the order the dump lists them, with its label.
-constexpr DumpRow kDump[] = {
-    {&kOverlay, Kind::Overlay, "Overlay:"},
-    {&kLocatorRange, Kind::F64, "LocatorRange:"},
-    {&kSmoothing, Kind::Smoothing, "Smoothing:"},
-    {&kSmoothingPeriod, Kind::F64, "SmoothingPeriod:"},
-    {&kSound, Kind::Flag, "Sound:"},
-    {&kEntityLabels, Kind::Flag, "EntityLabels:"},
-    {&kTrailingEffects, Kind::Flag, "TrailingEffects:"},
-    {&kTrajectoryHistory, Kind::Flag, "TrajectoryHistory:"},
-    {&kRecording, Kind::Flag, "Recording:"},
-    {&kShowAggregates, Kind::Flag, "Show Aggregates:"},
-    {&kAggregateLevel, Kind::U32, "AggregateLevel"},
-    {&kAggregateHighestOnly, Kind::Flag, "AggregateHighestOnly:"},
-    {&kAggregatesAltitudeControlled, Kind::Flag, "AggregatesAltitudeControlled:"},
-    {&kNestedAggregates, Kind::Flag, "NestedAggregates:"},
-    {&kNestedEntities, Kind::Flag, "NestedEntities:"},
-    {&kGroundClamping, Kind::Flag, "GroundClamping:"},
-    {&kClampRange, Kind::F64, "ClampRange:"},
-    {&kFollowGround, Kind::Flag, "FollowGround:"},
-    {&kConstrainWithFloor, Kind::Flag, "ConstrainWithFloor:"},
-    {&kFloor, Kind::F64, "Floor:"},
-    {&kTimeOfDay, Kind::F64, "TimeOfDay:"},
-    {&kNearClip, Kind::F64, "NearClip:"},
-    {&kFarClip, Kind::F64, "FarClip:"},
-    {&kFov, Kind::F64, "Fov:"},
-    {&kFog, Kind::Flag, "Fog:"},
-    {&kNearFog, Kind::F64, "NearFog:"},
-    {&kFarFog, Kind::F64, "FarFog:"},
-    {&kTexture, Kind::Flag, "Texture:"},
-    {&kDatabaseToLoad, Kind::Text, "DatabaseToLoad:"},
-    {&kDate, Kind::Text, "Date:"},
-    {&kTurnrate, Kind::F32, "Turn rate:"},
-    {&kStepsize, Kind::F32, "Step size:"},
-    {&kIncStepsize, Kind::Action, "Increment stepsize\n"},
-    {&kDecStepsize, Kind::Action, "Decrement stepsize\n"},
-    {&kIncTurnrate, Kind::Action, "Increment turnrate\n"},
-    {&kDecTurnrate, Kind::Action, "Decrement turnrate\n"},
-    {&kXREnabled, Kind::Flag, "XR enabled:"},
-    {&kHATenabled, Kind::Flag, "HAT labels enabled:"},
-    {&kNextModelSet, Kind::Action, "Cycle to next model set.\n"},
+// Every option once, in the order the dump lists them. The accessors and the dump read from here.
+constexpr Row kRows[] = {
+    {DtVistralOverlay, Options::overlay, Kind::Overlay, "Overlay:", 0},
+    {DtVistralLocatorRange, Options::locatorRange, Kind::F64, "LocatorRange:", 0},
+    {DtVistralSmoothing, Options::smoothing, Kind::Smoothing, "Smoothing:", 0},
+    {DtVistralSmoothingPeriod, Options::smoothingPeriod, Kind::F64, "SmoothingPeriod:", 0},
+    {DtVistralSound, Options::sound, Kind::Flag, "Sound:", 0},
+    {DtVistralEntityLabels, Options::entityLabels, Kind::Flag, "EntityLabels:", 0},
+    {DtVistralTrailingEffects, Options::trailingEffects, Kind::Flag, "TrailingEffects:", 0},
+    {DtVistralTrajectoryHistory, Options::trajectoryHistory, Kind::Flag, "TrajectoryHistory:", 0},
+    {DtVistralRecording, Options::recording, Kind::Flag, "Recording:", 0},
+    {O::DtVistralShowAggregates, Options::showAggregates, Kind::Flag, "Show Aggregates:", 0},
+    {DtVistralAggregateLevel, Options::aggregateLevel, Kind::U32, "AggregateLevel", 0},
+    {DtVistralAggregateHighestOnly, Options::aggregateHighestOnly, Kind::Flag, "AggregateHighestOnly:", 0},
+    {DtVistralAggregatesAltitudeControlled, Options::aggregatesAltitudeControlled, Kind::Flag,
+     "AggregatesAltitudeControlled:", 0},
+    {DtVistralNestedAggregates, Options::nestedAggregates, Kind::Flag, "NestedAggregates:", 0},
+    {DtVistralNestedEntities, Options::nestedEntities, Kind::Flag, "NestedEntities:", 0},
+    {DtVistralGroundClamping, Options::groundClamping, Kind::Flag, "GroundClamping:", 0},
+    {DtVistralClampRange, Options::clampRange, Kind::F64, "ClampRange:", 0},
+    {DtVistralFollowGround, Options::followGround, Kind::Flag, "FollowGround:", 0},
+    {DtVistralConstrainWithFloor, Options::constrainWithFloor, Kind::Flag, "ConstrainWithFloor:", 0},
+    {DtVistralFloor, Options::floor, Kind::F64, "Floor:", 0},
+    {DtVistralTimeOfDay, Options::timeOfDay, Kind::F64, "TimeOfDay:", 0},
+    {DtVistralNearClip, Options::nearClip, Kind::F64, "NearClip:", 0},
+    {DtVistralFarClip, Options::farClip, Kind::F64, "FarClip:", 0},
+    {DtVistralFov, Options::fov, Kind::F64, "Fov:", 0},
+    {DtVistralFog, Options::fog, Kind::Flag, "Fog:", 0},
+    {DtVistralNearFog, Options::nearFog, Kind::F64, "NearFog:", 0},
+    {DtVistralFarFog, Options::farFog, Kind::F64, "FarFog:", 0},
+    {DtVistralTexture, Options::texture, Kind::Flag, "Texture:", 0},
+    {DtVistralDatabaseToLoad, Options::databaseToLoad, Kind::Text,
+     "DatabaseToLoad:", Options::databaseToLoadWidth},
+    {O::DtVistralDate, Options::date, Kind::Text, "Date:", Options::dateWidth},
+    {O::DtVistralTurnrate, Options::turnrate, Kind::F32, "Turn rate:", 0},
+    {O::DtVistralStepsize, Options::stepsize, Kind::F32, "Step size:", 0},
+    {O::DtVistralIncStepsize, 0, Kind::Action, "Increment stepsize\n", 0},
+    {O::DtVistralDecStepsize, 0, Kind::Action, "Decrement stepsize\n", 0},
+    {O::DtVistralIncTurnrate, 0, Kind::Action, "Increment turnrate\n", 0},
+    {O::DtVistralDecTurnrate, 0, Kind::Action, "Decrement turnrate\n", 0},
+    {O::DtVistralXREnabled, Options::xrEnabled, Kind::Flag, "XR enabled:", 0},
+    {O::DtVistralHATenabled, Options::hatEnabled, Kind::Flag, "HAT labels enabled:", 0},
+    {O::DtVistralNextModelSet, 0, Kind::Action, "Cycle to next model set.\n", 0},
     // The previous model set prints under the texture-set text; receivers' logs are matched against it.
-    {&kPrevModelSet, Kind::Action, "Cycle to previous texture set.\n"},
-    {&kCurrentModelSet, Kind::Text, "Current model set:"},
-    {&kNextTextureSet, Kind::Action, "Cycle to next texture set.\n"},
-    {&kPrevTextureSet, Kind::Action, "Cycle to previous texture set.\n"},
-    {&kCurrentTextureSet, Kind::Text, "Current texture set:"},
-    {&kTerrainScale, Kind::F32, "Terrain scale:"},
-    {&kObjectScale, Kind::F32, "Object scale:"},
-    {&kExit, Kind::Action, "Exit vistral.\n"},
-    {&kSkyDome, Kind::Flag, "Sky Dome:"},
-    {&kClouds, Kind::Flag, "Clouds:"},
-    {&kMirroring, Kind::Flag, "Mirroring:"},
-    {&kMirrorMessageEveryFrame, Kind::Flag, "MirrorMessageEveryFrame:"},
-    {&kBroadcasting, Kind::Flag, "Broadcasting:"},
-    {&kClusteringLabels, Kind::Flag, "Clustering Labels:"},
-    {&kTacticalGraphicsLabels, Kind::Flag, "Tactical Graphics Labels:"},
-    {&kTacticalGraphics, Kind::Flag, "Tactical Graphics:"},
-    {&kShowEmitters, Kind::Flag, "Show Emitters:"},
-    {&kVideoCaptureCommand, Kind::VideoCapture, "Video Capture Command: "},
-    {&kVideoCaptureFilename, Kind::Text, "Video Capture Filename:"},
-    {&kVideoCaptureDirectory, Kind::Text, "Video Capture Directory:"},
-    {&kVideoCaptureFilenameBase, Kind::Text, "Video Capture Filename Base:"},
-    {&kVideoCaptureRecordInsets, Kind::Flag, "Video Capture Record Insets:"},
-    {&kVideoCaptureFramesPerSecond, Kind::U16, "Video Capture FPS:"},
-    {&kConstrainToAll, Kind::Flag, "Constrained To All:"},
-    {&kBlockedDistance, Kind::F64, "Blocked Distance:"},
-    {&kUseNearClipForBlockedDistance, Kind::Flag, "Use Near Clip For Blocked Distance:"},
-    {&kFeatureFilename, Kind::Text, "Feature Filename:"},
-    {&kFeatureCommand, Kind::Feature, "Feature Command: "},
+    {O::DtVistralPrevModelSet, 0, Kind::Action, "Cycle to previous texture set.\n", 0},
+    {O::DtVistralSetCurrentModelSet, Options::currentModelSet, Kind::Text,
+     "Current model set:", Options::setNameWidth},
+    {O::DtVistralNextTextureSet, 0, Kind::Action, "Cycle to next texture set.\n", 0},
+    {O::DtVistralPrevTextureSet, 0, Kind::Action, "Cycle to previous texture set.\n", 0},
+    {O::DtVistralSetCurrentTextureSet, Options::currentTextureSet, Kind::Text,
+     "Current texture set:", Options::setNameWidth},
+    {O::DtVistralTerrainScale, Options::terrainScale, Kind::F32, "Terrain scale:", 0},
+    {O::DtVistralObjectScale, Options::objectScale, Kind::F32, "Object scale:", 0},
+    {O::DtVistralExit, 0, Kind::Action, "Exit vistral.\n", 0},
+    {O::DtVistralSkyDome, Options::skyDome, Kind::Flag, "Sky Dome:", 0},
+    {O::DtVistralClouds, Options::clouds, Kind::Flag, "Clouds:", 0},
+    {O::DtVistralMirroring, Options::mirroring, Kind::Flag, "Mirroring:", 0},
+    {O::DtVistralMirrorMessageEveryFrame, Options::mirrorMessageEveryFrame, Kind::Flag,
+     "MirrorMessageEveryFrame:", 0},
+    {O::DtVistralBroadcasting, Options::broadcasting, Kind::Flag, "Broadcasting:", 0},
+    {O::DtVistralClusteringLabels, Options::clusteringLabels, Kind::Flag, "Clustering Labels:", 0},
+    {O::DtVistralTacticalGraphicsLabels, Options::tacticalGraphicsLabels, Kind::Flag,
+     "Tactical Graphics Labels:", 0},
+    {O::DtVistralTacticalGraphics, Options::tacticalGraphics, Kind::Flag, "Tactical Graphics:", 0},
+    {O::DtVistralShowEmitters, Options::showEmitters, Kind::Flag, "Show Emitters:", 0},
+    {O::DtVistralVideoCaptureCommand, Options::videoCaptureCommand, Kind::VideoCapture,
+     "Video Capture Command: ", 0},
+    {O::DtVistralVideoCaptureFilename, Options::videoCaptureFilename, Kind::Text,
+     "Video Capture Filename:", Options::pathWidth},
+    {O::DtVistralVideoCaptureDirectory, Options::videoCaptureDirectory, Kind::Text,
+     "Video Capture Directory:", Options::pathWidth},
+    {O::DtVistralVideoCaptureFilenameBase, Options::videoCaptureFilenameBase, Kind::Text,
+     "Video Capture Filename Base:", Options::filenameBaseWidth},
+    {O::DtVistralVideoCaptureRecordInsets, Options::videoCaptureRecordInsets, Kind::Flag,
+     "Video Capture Record Insets:", 0},
+    {O::DtVistralVideoCaptureFramesPerSecond, Options::videoCaptureFramesPerSecond, Kind::U16,
+     "Video Capture FPS:", 0},
+    {O::DtVistralConstrainToAll, Options::constrainToAll, Kind::Flag, "Constrained To All:", 0},
+    {O::DtVistralBlockedDistance, Options::blockedDistance, Kind::F64, "Blocked Distance:", 0},
+    {O::DtVistralUseNearClipForBlockedDistance, Options::useNearClipForBlockedDistance, Kind::Flag,
+     "Use Near Clip For Blocked Distance:", 0},
+    {O::DtVistralFeatureFilename, Options::featureFilename, Kind::Text,
+     "Feature Filename:", Options::pathWidth},
+    {O::DtVistralFeatureCommand, Options::featureCommand, Kind::Feature, "Feature Command: ", 0},
 };
-static_assert(std::size(kDump) == 67, "every option is dumped");
+static_assert(std::size(kRows) == 67, "every option has a row");
+
+// The row of an option, found while compiling: an option without a row does not build. The second of two
+// options that share a presence bit is the one with nth 1.
+constexpr const Row& rowOf(int option, int nth = 0) {
+  for (const Row& row : kRows)
+    if (row.option == option && nth-- == 0) return row;
+  throw "no row for this option";
+}
+
+// Read no further than the field: a text that fills it has no terminator.
+DtString textOf(const DtPdu& pdu, const Row& row) {
+  const DtString text = pdu.textAt(row.offset);
+  return text.length() > static_cast<std::size_t>(row.width)
+             ? DtString(text.c_str(), static_cast<std::size_t>(row.width))
+             : text;
+}
+
+// An option's value, read as its row says; an action reads its presence bit.
+template <int Option, int Nth = 0>
+auto optionValue(const DtOptionsPdu& pdu) {
+  constexpr const Row& row = rowOf(Option, Nth);
+  if constexpr (row.kind == Kind::F64) {
+    return pdu.f64At(row.offset);
+  } else if constexpr (row.kind == Kind::F32) {
+    return pdu.f32At(row.offset);
+  } else if constexpr (row.kind == Kind::U32 || row.kind == Kind::Overlay || row.kind == Kind::Smoothing) {
+    return pdu.u32At(row.offset);
+  } else if constexpr (row.kind == Kind::U16) {
+    return pdu.u16At(row.offset);
+  } else if constexpr (row.kind == Kind::Flag) {
+    return pdu.u8At(row.offset) != 0;
+  } else if constexpr (row.kind == Kind::Text) {
+    return textOf(pdu, row);
+  } else if constexpr (row.kind == Kind::Action) {
+    return pdu.optionPresent(row.option);
+  } else {
+    return pdu.u8At(row.offset);  // a video-capture or feature command
+  }
+}
+
+// Writes an option's value as its row says and marks the option present, whatever the value. An action
+// true marks it present, false clears it.
+template <int Option, int Nth = 0, class T>
+void setOptionValue(DtOptionsPdu& pdu, const T& value) {
+  constexpr const Row& row = rowOf(Option, Nth);
+  if constexpr (row.kind == Kind::Action) {
+    if (!value) {
+      pdu.clearOptionPresent(row.option);
+      return;
+    }
+  } else if constexpr (row.kind == Kind::F64) {
+    pdu.setF64At(row.offset, static_cast<double>(value));
+  } else if constexpr (row.kind == Kind::F32) {
+    pdu.setF32At(row.offset, static_cast<float>(value));
+  } else if constexpr (row.kind == Kind::U32 || row.kind == Kind::Overlay || row.kind == Kind::Smoothing) {
+    pdu.setU32At(row.offset, static_cast<std::uint32_t>(value));
+  } else if constexpr (row.kind == Kind::U16) {
+    pdu.setU16At(row.offset, static_cast<std::uint16_t>(value));
+  } else if constexpr (row.kind == Kind::Flag) {
+    pdu.setU8At(row.offset, value ? 1 : 0);
+  } else if constexpr (row.kind == Kind::Text) {
+    pdu.setTextAt(row.offset, row.width, value.c_str());
+  } else {
+    pdu.setU8At(row.offset, static_cast<std::uint8_t>(value));
+  }
+  pdu.setOptionPresent(row.option);
+}
 
 constexpr const char* kVideoCaptureTexts[] = {"Stop\n", "Pause\n", "Unpause\n", "Record\n"};
 constexpr const char* kFeatureTexts[] = {"Load Features\n", "Clear Features\n"};
@@ -202,46 +200,7 @@ bool presenceBit(const DtPdu& pdu, int option, int* offset, std::uint8_t* mask) 
   return true;
 }
 
-template <class T>
-struct NotDeduced {
-  using type = T;
-};
-
-// A value written through the PDU's accessor for its width; the option becomes present.
-template <class T>
-void setValue(DtOptionsPdu& pdu, const Field& f, void (DtPdu::*store)(int, T),
-              typename NotDeduced<T>::type value) {
-  (pdu.*store)(f.offset, value);
-  pdu.setOptionPresent(f.option);
-}
-
-void setFlagField(DtOptionsPdu& pdu, const Field& f, bool on) {
-  pdu.setU8At(f.offset, on ? 1 : 0);
-  pdu.setOptionPresent(f.option);
-}
-bool flagField(const DtPdu& pdu, const Field& f) { return pdu.u8At(f.offset) != 0; }
-
-void setTextField(DtOptionsPdu& pdu, const Field& f, const DtString& text) {
-  pdu.setTextAt(f.offset, f.width, text.c_str());
-  pdu.setOptionPresent(f.option);
-}
-// Read no further than the field: a text that fills it has no terminator.
-DtString textField(const DtPdu& pdu, const Field& f) {
-  const DtString text = pdu.textAt(f.offset);
-  return text.length() > static_cast<std::size_t>(f.width)
-             ? DtString(text.c_str(), static_cast<std::size_t>(f.width))
-             : text;
-}
-
-void setAction(DtOptionsPdu& pdu, const Field& f, bool on) {
-  if (on) {
-    pdu.setOptionPresent(f.option);
-  } else {
-    pdu.clearOptionPresent(f.option);
-  }
-}
-
-const char* textOf(const char* const* texts, std::size_t count, unsigned value) {
+const char* nameOf(const char* const* texts, std::size_t count, unsigned value) {
   return value < count ? texts[value] : nullptr;
 }
 
@@ -298,204 +257,224 @@ void DtOptionsPdu::clearOptionPresent(DtVistralOption option) {
 
 // Values
 
-DtOverlayOption DtOptionsPdu::overlay() const { return static_cast<DtOverlayOption>(u32At(kOverlay.offset)); }
-void DtOptionsPdu::setOverlay(DtOverlayOption option) {
-  setValue(*this, kOverlay, &DtPdu::setU32At, static_cast<std::uint32_t>(option));
+DtOverlayOption DtOptionsPdu::overlay() const {
+  return static_cast<DtOverlayOption>(optionValue<DtVistralOverlay>(*this));
 }
-double DtOptionsPdu::locatorRange() const { return f64At(kLocatorRange.offset); }
-void DtOptionsPdu::setLocatorRange(double range) { setValue(*this, kLocatorRange, &DtPdu::setF64At, range); }
+void DtOptionsPdu::setOverlay(DtOverlayOption option) { setOptionValue<DtVistralOverlay>(*this, option); }
+double DtOptionsPdu::locatorRange() const { return optionValue<DtVistralLocatorRange>(*this); }
+void DtOptionsPdu::setLocatorRange(double range) { setOptionValue<DtVistralLocatorRange>(*this, range); }
 DtSmoothingOption DtOptionsPdu::smoothing() const {
-  return static_cast<DtSmoothingOption>(u32At(kSmoothing.offset));
+  return static_cast<DtSmoothingOption>(optionValue<DtVistralSmoothing>(*this));
 }
 void DtOptionsPdu::setSmoothing(DtSmoothingOption option) {
-  setValue(*this, kSmoothing, &DtPdu::setU32At, static_cast<std::uint32_t>(option));
+  setOptionValue<DtVistralSmoothing>(*this, option);
 }
-double DtOptionsPdu::smoothingPeriod() const { return f64At(kSmoothingPeriod.offset); }
+double DtOptionsPdu::smoothingPeriod() const { return optionValue<DtVistralSmoothingPeriod>(*this); }
 void DtOptionsPdu::setSmoothingPeriod(double period) {
-  setValue(*this, kSmoothingPeriod, &DtPdu::setF64At, period);
+  setOptionValue<DtVistralSmoothingPeriod>(*this, period);
 }
-bool DtOptionsPdu::sound() const { return flagField(*this, kSound); }
-void DtOptionsPdu::setSound(bool on) { setFlagField(*this, kSound, on); }
-bool DtOptionsPdu::entityLabels() const { return flagField(*this, kEntityLabels); }
-void DtOptionsPdu::setEntityLabels(bool on) { setFlagField(*this, kEntityLabels, on); }
-bool DtOptionsPdu::trailingEffects() const { return flagField(*this, kTrailingEffects); }
-void DtOptionsPdu::setTrailingEffects(bool on) { setFlagField(*this, kTrailingEffects, on); }
-bool DtOptionsPdu::trajectoryHistory() const { return flagField(*this, kTrajectoryHistory); }
-void DtOptionsPdu::setTrajectoryHistory(bool on) { setFlagField(*this, kTrajectoryHistory, on); }
-bool DtOptionsPdu::recording() const { return flagField(*this, kRecording); }
-void DtOptionsPdu::setRecording(bool on) { setFlagField(*this, kRecording, on); }
-unsigned DtOptionsPdu::aggregateLevel() const { return u32At(kAggregateLevel.offset); }
+bool DtOptionsPdu::sound() const { return optionValue<DtVistralSound>(*this); }
+void DtOptionsPdu::setSound(bool on) { setOptionValue<DtVistralSound>(*this, on); }
+bool DtOptionsPdu::entityLabels() const { return optionValue<DtVistralEntityLabels>(*this); }
+void DtOptionsPdu::setEntityLabels(bool on) { setOptionValue<DtVistralEntityLabels>(*this, on); }
+bool DtOptionsPdu::trailingEffects() const { return optionValue<DtVistralTrailingEffects>(*this); }
+void DtOptionsPdu::setTrailingEffects(bool on) { setOptionValue<DtVistralTrailingEffects>(*this, on); }
+bool DtOptionsPdu::trajectoryHistory() const { return optionValue<DtVistralTrajectoryHistory>(*this); }
+void DtOptionsPdu::setTrajectoryHistory(bool on) { setOptionValue<DtVistralTrajectoryHistory>(*this, on); }
+bool DtOptionsPdu::recording() const { return optionValue<DtVistralRecording>(*this); }
+void DtOptionsPdu::setRecording(bool on) { setOptionValue<DtVistralRecording>(*this, on); }
+unsigned DtOptionsPdu::aggregateLevel() const { return optionValue<DtVistralAggregateLevel>(*this); }
 void DtOptionsPdu::setAggregateLevel(unsigned level) {
-  setValue(*this, kAggregateLevel, &DtPdu::setU32At, level);
+  setOptionValue<DtVistralAggregateLevel>(*this, level);
 }
-bool DtOptionsPdu::aggregateHighestOnly() const { return flagField(*this, kAggregateHighestOnly); }
-void DtOptionsPdu::setAggregateHighestOnly(bool on) { setFlagField(*this, kAggregateHighestOnly, on); }
+bool DtOptionsPdu::aggregateHighestOnly() const { return optionValue<DtVistralAggregateHighestOnly>(*this); }
+void DtOptionsPdu::setAggregateHighestOnly(bool on) {
+  setOptionValue<DtVistralAggregateHighestOnly>(*this, on);
+}
 bool DtOptionsPdu::aggregatesAltitudeControlled() const {
-  return flagField(*this, kAggregatesAltitudeControlled);
+  return optionValue<DtVistralAggregatesAltitudeControlled>(*this);
 }
 void DtOptionsPdu::setAggregatesAltitudeControlled(bool on) {
-  setFlagField(*this, kAggregatesAltitudeControlled, on);
+  setOptionValue<DtVistralAggregatesAltitudeControlled>(*this, on);
 }
-bool DtOptionsPdu::nestedAggregates() const { return flagField(*this, kNestedAggregates); }
-void DtOptionsPdu::setNestedAggregates(bool on) { setFlagField(*this, kNestedAggregates, on); }
-bool DtOptionsPdu::nestedEntities() const { return flagField(*this, kNestedEntities); }
-void DtOptionsPdu::setNestedEntities(bool on) { setFlagField(*this, kNestedEntities, on); }
-bool DtOptionsPdu::groundClamping() const { return flagField(*this, kGroundClamping); }
-void DtOptionsPdu::setGroundClamping(bool on) { setFlagField(*this, kGroundClamping, on); }
-double DtOptionsPdu::clampRange() const { return f64At(kClampRange.offset); }
-void DtOptionsPdu::setClampRange(double range) { setValue(*this, kClampRange, &DtPdu::setF64At, range); }
-bool DtOptionsPdu::followGround() const { return flagField(*this, kFollowGround); }
-void DtOptionsPdu::setFollowGround(bool on) { setFlagField(*this, kFollowGround, on); }
-bool DtOptionsPdu::constrainWithFloor() const { return flagField(*this, kConstrainWithFloor); }
-void DtOptionsPdu::setConstrainWithFloor(bool on) { setFlagField(*this, kConstrainWithFloor, on); }
-double DtOptionsPdu::floor() const { return f64At(kFloor.offset); }
-void DtOptionsPdu::setFloor(double floor) { setValue(*this, kFloor, &DtPdu::setF64At, floor); }
-double DtOptionsPdu::timeOfDay() const { return f64At(kTimeOfDay.offset); }
-void DtOptionsPdu::setTimeOfDay(double time) { setValue(*this, kTimeOfDay, &DtPdu::setF64At, time); }
-double DtOptionsPdu::nearClip() const { return f64At(kNearClip.offset); }
-void DtOptionsPdu::setNearClip(double distance) { setValue(*this, kNearClip, &DtPdu::setF64At, distance); }
-double DtOptionsPdu::farClip() const { return f64At(kFarClip.offset); }
-void DtOptionsPdu::setFarClip(double distance) { setValue(*this, kFarClip, &DtPdu::setF64At, distance); }
-double DtOptionsPdu::fov() const { return f64At(kFov.offset); }
-void DtOptionsPdu::setFov(double fov) { setValue(*this, kFov, &DtPdu::setF64At, fov); }
-bool DtOptionsPdu::fog() const { return flagField(*this, kFog); }
-void DtOptionsPdu::setFog(bool on) { setFlagField(*this, kFog, on); }
-double DtOptionsPdu::nearFog() const { return f64At(kNearFog.offset); }
-void DtOptionsPdu::setNearFog(double distance) { setValue(*this, kNearFog, &DtPdu::setF64At, distance); }
-double DtOptionsPdu::farFog() const { return f64At(kFarFog.offset); }
-void DtOptionsPdu::setFarFog(double distance) { setValue(*this, kFarFog, &DtPdu::setF64At, distance); }
-bool DtOptionsPdu::texture() const { return flagField(*this, kTexture); }
-void DtOptionsPdu::setTexture(bool on) { setFlagField(*this, kTexture, on); }
-DtString DtOptionsPdu::databaseToLoad() const { return textField(*this, kDatabaseToLoad); }
-void DtOptionsPdu::setDatabaseToLoad(const DtString& name) { setTextField(*this, kDatabaseToLoad, name); }
-float DtOptionsPdu::stepsize() const { return f32At(kStepsize.offset); }
-void DtOptionsPdu::setStepsize(float size) { setValue(*this, kStepsize, &DtPdu::setF32At, size); }
-float DtOptionsPdu::turnrate() const { return f32At(kTurnrate.offset); }
-void DtOptionsPdu::setTurnrate(float rate) { setValue(*this, kTurnrate, &DtPdu::setF32At, rate); }
-DtString DtOptionsPdu::date() const { return textField(*this, kDate); }
-void DtOptionsPdu::setDate(const DtString& date) { setTextField(*this, kDate, date); }
-bool DtOptionsPdu::xrEnabled() const { return flagField(*this, kXREnabled); }
-void DtOptionsPdu::setXREnabled(bool on) { setFlagField(*this, kXREnabled, on); }
-bool DtOptionsPdu::hatEnabled() const { return flagField(*this, kHATenabled); }
-void DtOptionsPdu::setHATenabled(bool on) { setFlagField(*this, kHATenabled, on); }
-DtString DtOptionsPdu::currentModelSet() const { return textField(*this, kCurrentModelSet); }
-void DtOptionsPdu::setCurrentModelSet(const DtString& name) { setTextField(*this, kCurrentModelSet, name); }
-DtString DtOptionsPdu::currentTextureSet() const { return textField(*this, kCurrentTextureSet); }
+bool DtOptionsPdu::nestedAggregates() const { return optionValue<DtVistralNestedAggregates>(*this); }
+void DtOptionsPdu::setNestedAggregates(bool on) { setOptionValue<DtVistralNestedAggregates>(*this, on); }
+bool DtOptionsPdu::nestedEntities() const { return optionValue<DtVistralNestedEntities>(*this); }
+void DtOptionsPdu::setNestedEntities(bool on) { setOptionValue<DtVistralNestedEntities>(*this, on); }
+bool DtOptionsPdu::groundClamping() const { return optionValue<DtVistralGroundClamping>(*this); }
+void DtOptionsPdu::setGroundClamping(bool on) { setOptionValue<DtVistralGroundClamping>(*this, on); }
+double DtOptionsPdu::clampRange() const { return optionValue<DtVistralClampRange>(*this); }
+void DtOptionsPdu::setClampRange(double range) { setOptionValue<DtVistralClampRange>(*this, range); }
+bool DtOptionsPdu::followGround() const { return optionValue<DtVistralFollowGround>(*this); }
+void DtOptionsPdu::setFollowGround(bool on) { setOptionValue<DtVistralFollowGround>(*this, on); }
+bool DtOptionsPdu::constrainWithFloor() const { return optionValue<DtVistralConstrainWithFloor>(*this); }
+void DtOptionsPdu::setConstrainWithFloor(bool on) { setOptionValue<DtVistralConstrainWithFloor>(*this, on); }
+double DtOptionsPdu::floor() const { return optionValue<DtVistralFloor>(*this); }
+void DtOptionsPdu::setFloor(double floor) { setOptionValue<DtVistralFloor>(*this, floor); }
+double DtOptionsPdu::timeOfDay() const { return optionValue<DtVistralTimeOfDay>(*this); }
+void DtOptionsPdu::setTimeOfDay(double time) { setOptionValue<DtVistralTimeOfDay>(*this, time); }
+double DtOptionsPdu::nearClip() const { return optionValue<DtVistralNearClip>(*this); }
+void DtOptionsPdu::setNearClip(double distance) { setOptionValue<DtVistralNearClip>(*this, distance); }
+double DtOptionsPdu::farClip() const { return optionValue<DtVistralFarClip>(*this); }
+void DtOptionsPdu::setFarClip(double distance) { setOptionValue<DtVistralFarClip>(*this, distance); }
+double DtOptionsPdu::fov() const { return optionValue<DtVistralFov>(*this); }
+void DtOptionsPdu::setFov(double fov) { setOptionValue<DtVistralFov>(*this, fov); }
+bool DtOptionsPdu::fog() const { return optionValue<DtVistralFog>(*this); }
+void DtOptionsPdu::setFog(bool on) { setOptionValue<DtVistralFog>(*this, on); }
+double DtOptionsPdu::nearFog() const { return optionValue<DtVistralNearFog>(*this); }
+void DtOptionsPdu::setNearFog(double distance) { setOptionValue<DtVistralNearFog>(*this, distance); }
+double DtOptionsPdu::farFog() const { return optionValue<DtVistralFarFog>(*this); }
+void DtOptionsPdu::setFarFog(double distance) { setOptionValue<DtVistralFarFog>(*this, distance); }
+bool DtOptionsPdu::texture() const { return optionValue<DtVistralTexture>(*this); }
+void DtOptionsPdu::setTexture(bool on) { setOptionValue<DtVistralTexture>(*this, on); }
+DtString DtOptionsPdu::databaseToLoad() const { return optionValue<DtVistralDatabaseToLoad>(*this); }
+void DtOptionsPdu::setDatabaseToLoad(const DtString& name) {
+  setOptionValue<DtVistralDatabaseToLoad>(*this, name);
+}
+float DtOptionsPdu::stepsize() const { return optionValue<DtVistralStepsize>(*this); }
+void DtOptionsPdu::setStepsize(float size) { setOptionValue<DtVistralStepsize>(*this, size); }
+float DtOptionsPdu::turnrate() const { return optionValue<DtVistralTurnrate>(*this); }
+void DtOptionsPdu::setTurnrate(float rate) { setOptionValue<DtVistralTurnrate>(*this, rate); }
+DtString DtOptionsPdu::date() const { return optionValue<DtVistralDate>(*this); }
+void DtOptionsPdu::setDate(const DtString& date) { setOptionValue<DtVistralDate>(*this, date); }
+bool DtOptionsPdu::xrEnabled() const { return optionValue<DtVistralXREnabled>(*this); }
+void DtOptionsPdu::setXREnabled(bool on) { setOptionValue<DtVistralXREnabled>(*this, on); }
+bool DtOptionsPdu::hatEnabled() const { return optionValue<DtVistralHATenabled>(*this); }
+void DtOptionsPdu::setHATenabled(bool on) { setOptionValue<DtVistralHATenabled>(*this, on); }
+DtString DtOptionsPdu::currentModelSet() const { return optionValue<DtVistralSetCurrentModelSet>(*this); }
+void DtOptionsPdu::setCurrentModelSet(const DtString& name) {
+  setOptionValue<DtVistralSetCurrentModelSet>(*this, name);
+}
+DtString DtOptionsPdu::currentTextureSet() const { return optionValue<DtVistralSetCurrentTextureSet>(*this); }
 void DtOptionsPdu::setCurrentTextureSet(const DtString& name) {
-  setTextField(*this, kCurrentTextureSet, name);
+  setOptionValue<DtVistralSetCurrentTextureSet>(*this, name);
 }
-float DtOptionsPdu::terrainScale() const { return f32At(kTerrainScale.offset); }
-void DtOptionsPdu::setTerrainScale(double scale) {
-  setValue(*this, kTerrainScale, &DtPdu::setF32At, static_cast<float>(scale));
+float DtOptionsPdu::terrainScale() const { return optionValue<DtVistralTerrainScale>(*this); }
+void DtOptionsPdu::setTerrainScale(double scale) { setOptionValue<DtVistralTerrainScale>(*this, scale); }
+float DtOptionsPdu::objectScale() const { return optionValue<DtVistralObjectScale>(*this); }
+void DtOptionsPdu::setObjectScale(double scale) { setOptionValue<DtVistralObjectScale>(*this, scale); }
+bool DtOptionsPdu::clouds() const { return optionValue<DtVistralClouds>(*this); }
+void DtOptionsPdu::setClouds(bool on) { setOptionValue<DtVistralClouds>(*this, on); }
+bool DtOptionsPdu::skyDome() const { return optionValue<DtVistralSkyDome>(*this); }
+void DtOptionsPdu::setSkyDome(bool on) { setOptionValue<DtVistralSkyDome>(*this, on); }
+bool DtOptionsPdu::mirroring() const { return optionValue<DtVistralMirroring>(*this); }
+void DtOptionsPdu::setMirroring(bool on) { setOptionValue<DtVistralMirroring>(*this, on); }
+bool DtOptionsPdu::mirrorMessageEveryFrame() const {
+  return optionValue<DtVistralMirrorMessageEveryFrame>(*this);
 }
-float DtOptionsPdu::objectScale() const { return f32At(kObjectScale.offset); }
-void DtOptionsPdu::setObjectScale(double scale) {
-  setValue(*this, kObjectScale, &DtPdu::setF32At, static_cast<float>(scale));
+void DtOptionsPdu::setMirrorMessageEveryFrame(bool on) {
+  setOptionValue<DtVistralMirrorMessageEveryFrame>(*this, on);
 }
-bool DtOptionsPdu::clouds() const { return flagField(*this, kClouds); }
-void DtOptionsPdu::setClouds(bool on) { setFlagField(*this, kClouds, on); }
-bool DtOptionsPdu::skyDome() const { return flagField(*this, kSkyDome); }
-void DtOptionsPdu::setSkyDome(bool on) { setFlagField(*this, kSkyDome, on); }
-bool DtOptionsPdu::mirroring() const { return flagField(*this, kMirroring); }
-void DtOptionsPdu::setMirroring(bool on) { setFlagField(*this, kMirroring, on); }
-bool DtOptionsPdu::mirrorMessageEveryFrame() const { return flagField(*this, kMirrorMessageEveryFrame); }
-void DtOptionsPdu::setMirrorMessageEveryFrame(bool on) { setFlagField(*this, kMirrorMessageEveryFrame, on); }
-bool DtOptionsPdu::broadcasting() const { return flagField(*this, kBroadcasting); }
-void DtOptionsPdu::setBroadcasting(bool on) { setFlagField(*this, kBroadcasting, on); }
-bool DtOptionsPdu::clusteringLabels() const { return flagField(*this, kClusteringLabels); }
-void DtOptionsPdu::setClusteringLabels(bool on) { setFlagField(*this, kClusteringLabels, on); }
-bool DtOptionsPdu::tacticalGraphicsLabels() const { return flagField(*this, kTacticalGraphicsLabels); }
-void DtOptionsPdu::setTacticalGraphicsLabels(bool on) { setFlagField(*this, kTacticalGraphicsLabels, on); }
-bool DtOptionsPdu::tacticalGraphics() const { return flagField(*this, kTacticalGraphics); }
-void DtOptionsPdu::setTacticalGraphics(bool on) { setFlagField(*this, kTacticalGraphics, on); }
-bool DtOptionsPdu::showAggregates() const { return flagField(*this, kShowAggregates); }
-void DtOptionsPdu::setShowAggregates(bool on) { setFlagField(*this, kShowAggregates, on); }
-bool DtOptionsPdu::showEmitters() const { return flagField(*this, kShowEmitters); }
-void DtOptionsPdu::setShowEmitters(bool on) { setFlagField(*this, kShowEmitters, on); }
+bool DtOptionsPdu::broadcasting() const { return optionValue<DtVistralBroadcasting, 1>(*this); }
+void DtOptionsPdu::setBroadcasting(bool on) { setOptionValue<DtVistralBroadcasting, 1>(*this, on); }
+bool DtOptionsPdu::clusteringLabels() const { return optionValue<DtVistralClusteringLabels>(*this); }
+void DtOptionsPdu::setClusteringLabels(bool on) { setOptionValue<DtVistralClusteringLabels>(*this, on); }
+bool DtOptionsPdu::tacticalGraphicsLabels() const {
+  return optionValue<DtVistralTacticalGraphicsLabels>(*this);
+}
+void DtOptionsPdu::setTacticalGraphicsLabels(bool on) {
+  setOptionValue<DtVistralTacticalGraphicsLabels>(*this, on);
+}
+bool DtOptionsPdu::tacticalGraphics() const { return optionValue<DtVistralTacticalGraphics>(*this); }
+void DtOptionsPdu::setTacticalGraphics(bool on) { setOptionValue<DtVistralTacticalGraphics>(*this, on); }
+bool DtOptionsPdu::showAggregates() const { return optionValue<DtVistralShowAggregates>(*this); }
+void DtOptionsPdu::setShowAggregates(bool on) { setOptionValue<DtVistralShowAggregates>(*this, on); }
+bool DtOptionsPdu::showEmitters() const { return optionValue<DtVistralShowEmitters>(*this); }
+void DtOptionsPdu::setShowEmitters(bool on) { setOptionValue<DtVistralShowEmitters>(*this, on); }
 DtVistralControlVideoCaptureCommand DtOptionsPdu::videoCaptureCommand() const {
-  return static_cast<DtVistralControlVideoCaptureCommand>(u8At(kVideoCaptureCommand.offset));
+  return static_cast<DtVistralControlVideoCaptureCommand>(optionValue<DtVistralVideoCaptureCommand>(*this));
 }
 void DtOptionsPdu::setVideoCaptureCommand(DtVistralControlVideoCaptureCommand command) {
-  setValue(*this, kVideoCaptureCommand, &DtPdu::setU8At, static_cast<std::uint8_t>(command));
+  setOptionValue<DtVistralVideoCaptureCommand>(*this, command);
 }
-DtString DtOptionsPdu::videoCaptureFilename() const { return textField(*this, kVideoCaptureFilename); }
+DtString DtOptionsPdu::videoCaptureFilename() const {
+  return optionValue<DtVistralVideoCaptureFilename>(*this);
+}
 void DtOptionsPdu::setVideoCaptureFilename(const DtString& name) {
-  setTextField(*this, kVideoCaptureFilename, name);
+  setOptionValue<DtVistralVideoCaptureFilename>(*this, name);
 }
-DtString DtOptionsPdu::videoCaptureDirectory() const { return textField(*this, kVideoCaptureDirectory); }
+DtString DtOptionsPdu::videoCaptureDirectory() const {
+  return optionValue<DtVistralVideoCaptureDirectory>(*this);
+}
 void DtOptionsPdu::setVideoCaptureDirectory(const DtString& directory) {
-  setTextField(*this, kVideoCaptureDirectory, directory);
+  setOptionValue<DtVistralVideoCaptureDirectory>(*this, directory);
 }
 DtString DtOptionsPdu::videoCaptureFilenameBase() const {
-  return textField(*this, kVideoCaptureFilenameBase);
+  return optionValue<DtVistralVideoCaptureFilenameBase>(*this);
 }
 void DtOptionsPdu::setVideoCaptureFilenameBase(const DtString& base) {
-  setTextField(*this, kVideoCaptureFilenameBase, base);
+  setOptionValue<DtVistralVideoCaptureFilenameBase>(*this, base);
 }
-bool DtOptionsPdu::videoCaptureRecordInsets() const { return flagField(*this, kVideoCaptureRecordInsets); }
+bool DtOptionsPdu::videoCaptureRecordInsets() const {
+  return optionValue<DtVistralVideoCaptureRecordInsets>(*this);
+}
 void DtOptionsPdu::setVideoCaptureRecordInsets(bool on) {
-  setFlagField(*this, kVideoCaptureRecordInsets, on);
+  setOptionValue<DtVistralVideoCaptureRecordInsets>(*this, on);
 }
-int DtOptionsPdu::videoCaptureFramesPerSecond() const { return u16At(kVideoCaptureFramesPerSecond.offset); }
+int DtOptionsPdu::videoCaptureFramesPerSecond() const {
+  return optionValue<DtVistralVideoCaptureFramesPerSecond>(*this);
+}
 void DtOptionsPdu::setVideoCaptureFramesPerSecond(int fps) {
-  setValue(*this, kVideoCaptureFramesPerSecond, &DtPdu::setU16At, static_cast<std::uint16_t>(fps));
+  setOptionValue<DtVistralVideoCaptureFramesPerSecond>(*this, fps);
 }
-bool DtOptionsPdu::constrainedToAll() const { return flagField(*this, kConstrainToAll); }
-void DtOptionsPdu::setConstrainToAll(bool on) { setFlagField(*this, kConstrainToAll, on); }
-double DtOptionsPdu::blockedDistance() const { return f64At(kBlockedDistance.offset); }
+bool DtOptionsPdu::constrainedToAll() const { return optionValue<DtVistralConstrainToAll>(*this); }
+void DtOptionsPdu::setConstrainToAll(bool on) { setOptionValue<DtVistralConstrainToAll>(*this, on); }
+double DtOptionsPdu::blockedDistance() const { return optionValue<DtVistralBlockedDistance>(*this); }
 void DtOptionsPdu::setBlockedDistance(double distance) {
-  setValue(*this, kBlockedDistance, &DtPdu::setF64At, distance);
+  setOptionValue<DtVistralBlockedDistance>(*this, distance);
 }
 bool DtOptionsPdu::useNearClipForBlockedDistance() const {
-  return flagField(*this, kUseNearClipForBlockedDistance);
+  return optionValue<DtVistralUseNearClipForBlockedDistance>(*this);
 }
 void DtOptionsPdu::setUseNearClipForBlockedDistance(bool on) {
-  setFlagField(*this, kUseNearClipForBlockedDistance, on);
+  setOptionValue<DtVistralUseNearClipForBlockedDistance>(*this, on);
 }
-DtString DtOptionsPdu::featureFilename() const { return textField(*this, kFeatureFilename); }
-void DtOptionsPdu::setFeatureFilename(const DtString& name) { setTextField(*this, kFeatureFilename, name); }
+DtString DtOptionsPdu::featureFilename() const { return optionValue<DtVistralFeatureFilename>(*this); }
+void DtOptionsPdu::setFeatureFilename(const DtString& name) {
+  setOptionValue<DtVistralFeatureFilename>(*this, name);
+}
 DtVistralControlFeatureCommand DtOptionsPdu::featureCommand() const {
-  return static_cast<DtVistralControlFeatureCommand>(u8At(kFeatureCommand.offset));
+  return static_cast<DtVistralControlFeatureCommand>(optionValue<DtVistralFeatureCommand>(*this));
 }
 void DtOptionsPdu::setFeatureCommand(DtVistralControlFeatureCommand command) {
-  setValue(*this, kFeatureCommand, &DtPdu::setU8At, static_cast<std::uint8_t>(command));
+  setOptionValue<DtVistralFeatureCommand>(*this, command);
 }
 
 // Actions
 
-bool DtOptionsPdu::incrementStepsize() const { return optionPresent(kIncStepsize.option); }
-void DtOptionsPdu::setIncrementStepsize(bool on) { setAction(*this, kIncStepsize, on); }
-bool DtOptionsPdu::incrementTurnrate() const { return optionPresent(kIncTurnrate.option); }
-void DtOptionsPdu::setIncrementTurnrate(bool on) { setAction(*this, kIncTurnrate, on); }
-bool DtOptionsPdu::decrementStepsize() const { return optionPresent(kDecStepsize.option); }
-void DtOptionsPdu::setDecrementStepsize(bool on) { setAction(*this, kDecStepsize, on); }
-bool DtOptionsPdu::decrementTurnrate() const { return optionPresent(kDecTurnrate.option); }
-void DtOptionsPdu::setDecrementTurnrate(bool on) { setAction(*this, kDecTurnrate, on); }
-bool DtOptionsPdu::showNextModelSet() const { return optionPresent(kNextModelSet.option); }
-void DtOptionsPdu::setShowNextModelSet(bool on) { setAction(*this, kNextModelSet, on); }
-bool DtOptionsPdu::showPrevModelSet() const { return optionPresent(kPrevModelSet.option); }
-void DtOptionsPdu::setShowPrevModelSet(bool on) { setAction(*this, kPrevModelSet, on); }
-bool DtOptionsPdu::showNextTextureSet() const { return optionPresent(kNextTextureSet.option); }
-void DtOptionsPdu::setShowNextTextureSet(bool on) { setAction(*this, kNextTextureSet, on); }
-bool DtOptionsPdu::showPrevTextureSet() const { return optionPresent(kPrevTextureSet.option); }
-void DtOptionsPdu::setShowPrevTextureSet(bool on) { setAction(*this, kPrevTextureSet, on); }
-bool DtOptionsPdu::exit() const { return optionPresent(kExit.option); }
-void DtOptionsPdu::setExit(bool on) { setAction(*this, kExit, on); }
+bool DtOptionsPdu::incrementStepsize() const { return optionValue<DtVistralIncStepsize>(*this); }
+void DtOptionsPdu::setIncrementStepsize(bool on) { setOptionValue<DtVistralIncStepsize>(*this, on); }
+bool DtOptionsPdu::incrementTurnrate() const { return optionValue<DtVistralIncTurnrate>(*this); }
+void DtOptionsPdu::setIncrementTurnrate(bool on) { setOptionValue<DtVistralIncTurnrate>(*this, on); }
+bool DtOptionsPdu::decrementStepsize() const { return optionValue<DtVistralDecStepsize>(*this); }
+void DtOptionsPdu::setDecrementStepsize(bool on) { setOptionValue<DtVistralDecStepsize>(*this, on); }
+bool DtOptionsPdu::decrementTurnrate() const { return optionValue<DtVistralDecTurnrate>(*this); }
+void DtOptionsPdu::setDecrementTurnrate(bool on) { setOptionValue<DtVistralDecTurnrate>(*this, on); }
+bool DtOptionsPdu::showNextModelSet() const { return optionValue<DtVistralNextModelSet>(*this); }
+void DtOptionsPdu::setShowNextModelSet(bool on) { setOptionValue<DtVistralNextModelSet>(*this, on); }
+bool DtOptionsPdu::showPrevModelSet() const { return optionValue<DtVistralPrevModelSet>(*this); }
+void DtOptionsPdu::setShowPrevModelSet(bool on) { setOptionValue<DtVistralPrevModelSet>(*this, on); }
+bool DtOptionsPdu::showNextTextureSet() const { return optionValue<DtVistralNextTextureSet>(*this); }
+void DtOptionsPdu::setShowNextTextureSet(bool on) { setOptionValue<DtVistralNextTextureSet>(*this, on); }
+bool DtOptionsPdu::showPrevTextureSet() const { return optionValue<DtVistralPrevTextureSet>(*this); }
+void DtOptionsPdu::setShowPrevTextureSet(bool on) { setOptionValue<DtVistralPrevTextureSet>(*this, on); }
+bool DtOptionsPdu::exit() const { return optionValue<DtVistralExit>(*this); }
+void DtOptionsPdu::setExit(bool on) { setOptionValue<DtVistralExit>(*this, on); }
 
 // Text form and dump
 
 const char* DtOptionsPdu::string() const {
-  const int bytes = std::max(0, length());
+  const std::size_t bytes = static_cast<std::size_t>(std::max(0, length()));
   // Room for a whole fixed-size image on the stack; only a grown received image needs the heap.
   char local[2 * DtPdu::kInlineCapacity + 1];
   std::vector<char> large;
   char* out = local;
-  if (2 * bytes + 1 > static_cast<int>(sizeof local)) {
-    large.resize(static_cast<std::size_t>(2 * bytes + 1));
+  if (2 * bytes + 1 > sizeof local) {
+    large.resize(2 * bytes + 1);
     out = large.data();
   }
   const unsigned char* p = packet();
-  for (int i = 0; i < bytes; ++i) {
+  for (std::size_t i = 0; i < bytes; ++i) {
     out[2 * i] = kHexDigits[p[i] >> 4];
     out[2 * i + 1] = kHexDigits[p[i] & 0x0F];
   }
@@ -511,7 +490,7 @@ void DtOptionsPdu::setFromString(const char* text) {
   // past the digits, and never fewer than a header.
   std::vector<unsigned char> image(std::max<std::size_t>(count, DtPdu::kHeaderSize), 0);
   for (std::size_t i = 0; i < count; ++i) image[i] = pairValue(text + 2 * i);
-  const std::size_t stated = DtWire::loadU16(image.data() + 8);
+  const std::size_t stated = DtWire::loadU16(image.data() + DtPdu::kLengthOffset);
   if (stated > image.size()) image.resize(stated, 0);
   const DtOptionsPdu parsed(reinterpret_cast<const DtNetViewControlPdu*>(image.data()), nullptr, nullptr);
   *this = parsed;
@@ -527,33 +506,34 @@ void DtOptionsPdu::printData() const {
   dumpBitfield("Options Bitfield:", Options::bitfield);
   if (length() > Options::bitfield2) dumpBitfield("Options Bitfield2:", Options::bitfield2);
 
-  for (const DumpRow& row : kDump) {
-    const Field& f = *row.field;
-    if (!optionPresent(f.option)) continue;
+  for (const Row& row : kRows) {
+    if (!optionPresent(row.option)) continue;
     switch (row.kind) {
       case Kind::Overlay:
-        DtDumpEnum(row.label, DtEnumString(overlay()), u32At(f.offset));
+        DtDumpEnum(row.label, DtEnumString(static_cast<DtOverlayOption>(u32At(row.offset))),
+                   u32At(row.offset));
         break;
       case Kind::Smoothing:
-        DtDumpEnum(row.label, DtEnumString(smoothing()), u32At(f.offset));
+        DtDumpEnum(row.label, DtEnumString(static_cast<DtSmoothingOption>(u32At(row.offset))),
+                   u32At(row.offset));
         break;
       case Kind::F64:
-        DtDumpFloat(row.label, f64At(f.offset));
+        DtDumpFloat(row.label, f64At(row.offset));
         break;
       case Kind::F32:
-        DtDumpFloat(row.label, f32At(f.offset));
+        DtDumpFloat(row.label, f32At(row.offset));
         break;
       case Kind::U32:
-        DtDumpInteger(row.label, u32At(f.offset));
+        DtDumpInteger(row.label, u32At(row.offset));
         break;
       case Kind::U16:
-        DtDumpInteger(row.label, u16At(f.offset));
+        DtDumpInteger(row.label, u16At(row.offset));
         break;
       case Kind::Flag:
-        DtDumpBoolean(row.label, flagField(*this, f));
+        DtDumpBoolean(row.label, u8At(row.offset) != 0);
         break;
       case Kind::Text:
-        DtDumpString(row.label, textField(*this, f).c_str());
+        DtDumpString(row.label, textOf(*this, row).c_str());
         break;
       case Kind::Action:
         DtDumpText(row.label);
@@ -561,10 +541,10 @@ void DtOptionsPdu::printData() const {
       case Kind::VideoCapture:
       case Kind::Feature: {
         // An unknown command shows its number.
-        const unsigned value = u8At(f.offset);
+        const unsigned value = u8At(row.offset);
         const char* name = row.kind == Kind::VideoCapture
-                               ? textOf(kVideoCaptureTexts, std::size(kVideoCaptureTexts), value)
-                               : textOf(kFeatureTexts, std::size(kFeatureTexts), value);
+                               ? nameOf(kVideoCaptureTexts, std::size(kVideoCaptureTexts), value)
+                               : nameOf(kFeatureTexts, std::size(kFeatureTexts), value);
         DtDumpText(row.label);
         if (name != nullptr) {
           DtDumpText(name);

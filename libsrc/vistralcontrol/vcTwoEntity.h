@@ -14,10 +14,10 @@ constexpr VcText::AttachForm kForm{2, "lll", 2};
 template <class Pdu>
 const char* string(const Pdu& pdu, char* buffer, int size) {
   // The two ids share one cache: keep the attach id before asking for the track id.
-  const DtString attach = pdu.attachId();
+  const DtString attach = pdu.attachId();  // NOLINT(performance-unnecessary-copy-initialization): see above
   const DtString& track = pdu.trackId();
   const DtVector64 o = pdu.offset();
-  const DtString attachMark = pdu.attachMarkingText();
+  const DtString& attachMark = pdu.attachMarkingText();
   VcText::Writer out(buffer, size);
   return VcText::writeAttachForm(out, {attach.c_str(), track.c_str()}, {o.x(), o.y(), o.z()},
                                  {attachMark.c_str(), pdu.trackMarkingText().c_str()});

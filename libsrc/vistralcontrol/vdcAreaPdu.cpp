@@ -50,34 +50,28 @@ AreaFields readAreaFields(const char* text, std::size_t longestWord) {
 DtVdcAreaPduBase::~DtVdcAreaPduBase() = default;
 
 DtVdcAreaPdu::DtVdcAreaPdu(DtBufferPlaceHolder* holder) {
-  initPdu(kArea.current.length, holder);
-  setViewerCommand(DtVcDrawArea);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(kArea.current.length, holder, DtVcDrawArea, kCurrentParamVersion);
   if (holder == nullptr) {
-    setRelativeLocation(kHalfWay, 0);
-    setRelativeLocation(kHalfWay, 1);
+    setRelativeLocations(kHalfWay);
     setNumPoints(0);
   }
 }
 
 DtVdcAreaPdu::DtVdcAreaPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawArea);
+  initDraw(image, holder, factory, DtVcDrawArea);
 }
 
 DtVdcAreaPdu::~DtVdcAreaPdu() = default;
 
 DtVdcAreaPduV0::DtVdcAreaPduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kArea.v0.length, holder);
-  setViewerCommand(DtVcDrawArea);
-  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+  initDraw(kArea.v0.length, holder, DtVcDrawArea, 0);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcAreaPduV0::DtVdcAreaPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawArea);
+  initDraw(image, holder, factory, DtVcDrawArea);
 }
 
 DtVdcAreaPduV0::~DtVdcAreaPduV0() = default;

@@ -151,6 +151,11 @@ void DtVdcAttachablePdu::setRelativeLocation(unsigned char percent, int index) {
   setU8At(l.relativeLocation + index * l.relativeLocationStep, percent);
 }
 
+void DtVdcAttachablePdu::setRelativeLocations(unsigned char percent) {
+  setRelativeLocation(percent, 0);
+  setRelativeLocation(percent, 1);
+}
+
 unsigned char DtVdcAttachablePdu::relativeLocation(int index) const {
   const VdcLayout::Attachable& l = VdcLayout::of(*this, kAttachable);
   return u8At(l.relativeLocation + index * l.relativeLocationStep);

@@ -103,28 +103,23 @@ void DtVdcAttributePduBase::printData() const {
 }
 
 DtVdcAttributePdu::DtVdcAttributePdu(DtBufferPlaceHolder* holder) {
-  initPdu(kAttribute.current.length, holder);
-  setViewerCommand(DtVcDrawAttribute);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(kAttribute.current.length, holder, DtVcDrawAttribute, kCurrentParamVersion);
 }
 
 DtVdcAttributePdu::DtVdcAttributePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                      DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawAttribute);
+  initDraw(image, holder, factory, DtVcDrawAttribute);
 }
 
 DtVdcAttributePdu::~DtVdcAttributePdu() = default;
 
 DtVdcAttributePduV0::DtVdcAttributePduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kAttribute.v0.length, holder);
-  setViewerCommand(DtVcDrawAttribute);
+  initDraw(kAttribute.v0.length, holder, DtVcDrawAttribute, 0);
 }
 
 DtVdcAttributePduV0::DtVdcAttributePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                          DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawAttribute);
+  initDraw(image, holder, factory, DtVcDrawAttribute);
 }
 
 DtVdcAttributePduV0::~DtVdcAttributePduV0() = default;

@@ -94,28 +94,23 @@ void DtVdcAttributeUpdatePduBase::printData() const {
 }
 
 DtVdcAttributeUpdatePdu::DtVdcAttributeUpdatePdu(DtBufferPlaceHolder* holder) {
-  initPdu(kAttributeUpdate.current.length, holder);
-  setViewerCommand(DtVcDrawAttributeUpdate);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(kAttributeUpdate.current.length, holder, DtVcDrawAttributeUpdate, kCurrentParamVersion);
 }
 
 DtVdcAttributeUpdatePdu::DtVdcAttributeUpdatePdu(const DtNetViewControlPdu* image,
                                                  DtBufferPlaceHolder* holder, DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawAttributeUpdate);
+  initDraw(image, holder, factory, DtVcDrawAttributeUpdate);
 }
 
 DtVdcAttributeUpdatePdu::~DtVdcAttributeUpdatePdu() = default;
 
 DtVdcAttributeUpdatePduV0::DtVdcAttributeUpdatePduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kAttributeUpdate.v0.length, holder);
-  setViewerCommand(DtVcDrawAttributeUpdate);
+  initDraw(kAttributeUpdate.v0.length, holder, DtVcDrawAttributeUpdate, 0);
 }
 
 DtVdcAttributeUpdatePduV0::DtVdcAttributeUpdatePduV0(const DtNetViewControlPdu* image,
                                                      DtBufferPlaceHolder* holder, DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawAttributeUpdate);
+  initDraw(image, holder, factory, DtVcDrawAttributeUpdate);
 }
 
 DtVdcAttributeUpdatePduV0::~DtVdcAttributeUpdatePduV0() = default;

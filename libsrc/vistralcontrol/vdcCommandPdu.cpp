@@ -49,30 +49,25 @@ void DtVdcCommandPduBase::printData() const {
 }
 
 DtVdcCommandPdu::DtVdcCommandPdu(DtBufferPlaceHolder* holder) {
-  initPdu(kCommand.current.length, holder);
-  setViewerCommand(DtVcDrawCommand);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(kCommand.current.length, holder, DtVcDrawCommand, kCurrentParamVersion);
   if (holder == nullptr) setType(DtVdcUndefined);
 }
 
 DtVdcCommandPdu::DtVdcCommandPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                  DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawCommand);
+  initDraw(image, holder, factory, DtVcDrawCommand);
 }
 
 DtVdcCommandPdu::~DtVdcCommandPdu() = default;
 
 DtVdcCommandPduV0::DtVdcCommandPduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kCommand.v0.length, holder);
-  setViewerCommand(DtVcDrawCommand);
+  initDraw(kCommand.v0.length, holder, DtVcDrawCommand, 0);
   if (holder == nullptr) setType(DtVdcUndefined);
 }
 
 DtVdcCommandPduV0::DtVdcCommandPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                      DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawCommand);
+  initDraw(image, holder, factory, DtVcDrawCommand);
 }
 
 DtVdcCommandPduV0::~DtVdcCommandPduV0() = default;

@@ -44,28 +44,23 @@ void DtVdcLayerPduBase::printData() const {
 }
 
 DtVdcLayerPdu::DtVdcLayerPdu(DtBufferPlaceHolder* holder) {
-  initPdu(kLayer.current.length, holder);
-  setViewerCommand(DtVcDrawLayer);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(kLayer.current.length, holder, DtVcDrawLayer, kCurrentParamVersion);
 }
 
 DtVdcLayerPdu::DtVdcLayerPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                              DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawLayer);
+  initDraw(image, holder, factory, DtVcDrawLayer);
 }
 
 DtVdcLayerPdu::~DtVdcLayerPdu() = default;
 
 DtVdcLayerPduV0::DtVdcLayerPduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kLayer.v0.length, holder);
-  setViewerCommand(DtVcDrawLayer);
+  initDraw(kLayer.v0.length, holder, DtVcDrawLayer, 0);
 }
 
 DtVdcLayerPduV0::DtVdcLayerPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                  DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawLayer);
+  initDraw(image, holder, factory, DtVcDrawLayer);
 }
 
 DtVdcLayerPduV0::~DtVdcLayerPduV0() = default;

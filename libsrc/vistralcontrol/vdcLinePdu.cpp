@@ -29,21 +29,15 @@ const char* const kArrowStyleNames[] = {"VdcStyleNoArrow", "VdcStyleArrowEnd", "
 }  // namespace
 
 DtVdcLinePdu::DtVdcLinePdu(DtBufferPlaceHolder* holder) {
-  initPdu(VdcLayout::kLineTable.table, holder);
-  setViewerCommand(DtVcDrawLine);
-  setParamVersion(kCurrentParamVersion);
-  if (holder == nullptr) {
-    setRelativeLocation(kHalfWay, 0);
-    setRelativeLocation(kHalfWay, 1);
-  }
+  initDraw(VdcLayout::kLineTable.table, holder, DtVcDrawLine, kCurrentParamVersion);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
   setNumSegments(1);
   setPercentage(0, kWholeLine);
 }
 
 DtVdcLinePdu::DtVdcLinePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawLine);
+  initDraw(image, holder, factory, DtVcDrawLine);
 }
 
 DtVdcLinePdu::DtVdcLinePdu(NoImage) {}
@@ -51,31 +45,27 @@ DtVdcLinePdu::DtVdcLinePdu(NoImage) {}
 DtVdcLinePdu::~DtVdcLinePdu() = default;
 
 DtVdcLinePduV0::DtVdcLinePduV0(DtBufferPlaceHolder* holder) : DtVdcLinePdu(NoImage{}) {
-  initPdu(VdcLayout::kLineV0Length, holder);
-  setViewerCommand(DtVcDrawLine);
-  setRelativeLocation(kWholeLine, 0);
+  initDraw(VdcLayout::kLineV0Length, holder, DtVcDrawLine, 0);
+  setRelativeLocations(kWholeLine);
 }
 
 DtVdcLinePduV0::DtVdcLinePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                DtPduFactory* factory)
     : DtVdcLinePdu(NoImage{}) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawLine);
+  initDraw(image, holder, factory, DtVcDrawLine);
 }
 
 DtVdcLinePduV0::~DtVdcLinePduV0() = default;
 
 DtVdcSegmentedLinePduV0::DtVdcSegmentedLinePduV0(DtBufferPlaceHolder* holder) : DtVdcLinePdu(NoImage{}) {
-  initPdu(VdcLayout::kSegmentedLineV0Length, holder);
-  setViewerCommand(DtVcDrawSegmentedLine);
-  setRelativeLocation(kWholeLine, 0);
+  initDraw(VdcLayout::kSegmentedLineV0Length, holder, DtVcDrawSegmentedLine, 0);
+  setRelativeLocations(kWholeLine);
 }
 
 DtVdcSegmentedLinePduV0::DtVdcSegmentedLinePduV0(const DtNetViewControlPdu* image,
                                                  DtBufferPlaceHolder* holder, DtPduFactory* factory)
     : DtVdcLinePdu(NoImage{}) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawSegmentedLine);
+  initDraw(image, holder, factory, DtVcDrawSegmentedLine);
 }
 
 DtVdcSegmentedLinePduV0::~DtVdcSegmentedLinePduV0() = default;

@@ -20,34 +20,28 @@ constexpr int kFieldsAfterBlank = 20;
 DtVdcPolyObjectPduBase::~DtVdcPolyObjectPduBase() = default;
 
 DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder) {
-  initPdu(VdcLayout::kPolyLength, holder);
-  setViewerCommand(DtVcDrawPolyObject);
-  setParamVersion(kCurrentParamVersion);
+  initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, kCurrentParamVersion);
   if (holder == nullptr) {
-    setRelativeLocation(kWholeWay, 0);
-    setRelativeLocation(kWholeWay, 1);
+    setRelativeLocations(kWholeWay);
     setPattern(VdcLayout::kPolyDefaultPattern);
   }
 }
 
 DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                        DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawPolyObject);
+  initDraw(image, holder, factory, DtVcDrawPolyObject);
 }
 
 DtVdcPolyObjectPdu::~DtVdcPolyObjectPdu() = default;
 
 DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(DtBufferPlaceHolder* holder) {
-  initPdu(VdcLayout::kPolyLength, holder);
-  setViewerCommand(DtVcDrawPolyObject);
-  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+  initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, 0);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                            DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawPolyObject);
+  initDraw(image, holder, factory, DtVcDrawPolyObject);
 }
 
 DtVdcPolyObjectPduV0::~DtVdcPolyObjectPduV0() = default;

@@ -54,33 +54,25 @@ void DtVdcTextPduBase::printData() const {
 }
 
 DtVdcTextPdu::DtVdcTextPdu(DtBufferPlaceHolder* holder) {
-  initPdu(kText.current.length, holder);
-  setViewerCommand(DtVcDrawText);
-  setParamVersion(kCurrentParamVersion);
-  if (holder == nullptr) {
-    setRelativeLocation(kHalfWay, 0);
-    setRelativeLocation(kHalfWay, 1);
-  }
+  initDraw(kText.current.length, holder, DtVcDrawText, kCurrentParamVersion);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcTextPdu::DtVdcTextPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawText);
+  initDraw(image, holder, factory, DtVcDrawText);
 }
 
 DtVdcTextPdu::~DtVdcTextPdu() = default;
 
 DtVdcTextPduV0::DtVdcTextPduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kText.v0.length, holder);
-  setViewerCommand(DtVcDrawText);
-  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+  initDraw(kText.v0.length, holder, DtVcDrawText, 0);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcTextPduV0::DtVdcTextPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawText);
+  initDraw(image, holder, factory, DtVcDrawText);
 }
 
 DtVdcTextPduV0::~DtVdcTextPduV0() = default;

@@ -20,33 +20,25 @@ bool cornerIndex(int index) { return index >= 0 && index < DtVdcTrianglePduBase:
 DtVdcTrianglePduBase::~DtVdcTrianglePduBase() = default;
 
 DtVdcTrianglePdu::DtVdcTrianglePdu(DtBufferPlaceHolder* holder) {
-  initPdu(kTriangle.current.length, holder);
-  setViewerCommand(DtVcDrawTriangle);
-  setParamVersion(kCurrentParamVersion);
-  if (holder == nullptr) {
-    setRelativeLocation(kHalfWay, 0);
-    setRelativeLocation(kHalfWay, 1);
-  }
+  initDraw(kTriangle.current.length, holder, DtVcDrawTriangle, kCurrentParamVersion);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcTrianglePdu::DtVdcTrianglePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                    DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawTriangle);
+  initDraw(image, holder, factory, DtVcDrawTriangle);
 }
 
 DtVdcTrianglePdu::~DtVdcTrianglePdu() = default;
 
 DtVdcTrianglePduV0::DtVdcTrianglePduV0(DtBufferPlaceHolder* holder) {
-  initPdu(kTriangle.v0.length, holder);
-  setViewerCommand(DtVcDrawTriangle);
-  if (holder == nullptr) setRelativeLocation(kHalfWay, 0);
+  initDraw(kTriangle.v0.length, holder, DtVcDrawTriangle, 0);
+  if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcTrianglePduV0::DtVdcTrianglePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                        DtPduFactory* factory) {
-  initPdu(image, holder, factory);
-  setViewerCommand(DtVcDrawTriangle);
+  initDraw(image, holder, factory, DtVcDrawTriangle);
 }
 
 DtVdcTrianglePduV0::~DtVdcTrianglePduV0() = default;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
@@ -35,6 +36,16 @@
 
 using VcLayout::Fixed;
 
+// The received-image record and the classes' constants agree with the layout.
+static_assert(offsetof(DtNetViewControlPdu, viewerId) == Fixed::viewerId &&
+                  offsetof(DtNetViewControlPdu, senderId) == Fixed::senderId &&
+                  offsetof(DtNetViewControlPdu, viewerCommand) == Fixed::command &&
+                  offsetof(DtNetViewControlPdu, ignoreFlags) == Fixed::ignoreFlags,
+              "DtNetViewControlPdu is the fixed part");
+static_assert(DtRequestStateVCPdu::kLength == Fixed::length, "the request-state PDU is the fixed part alone");
+static_assert(DtPdu::kInlineCapacity >= VcLayout::Options::length,
+              "the largest fixed-size control PDU fits the inline storage");
+
 namespace {
 // The start-up banner is written once per process, by the first control PDU built empty or from an image.
 bool theVersionIsPrinted = false;
@@ -51,18 +62,6 @@ DtVistralControlPdu::DtVistralControlPdu() {
                    kToolkitVersion);
     theVersionIsPrinted = true;
   }
-}
-
-DtVistralControlPdu::DtVistralControlPdu(const DtVistralControlPdu& other)
-    : DtPdu(other), idCache_(other.idCache_) {
-  std::memcpy(text_, other.text_, sizeof text_);
-}
-
-DtVistralControlPdu& DtVistralControlPdu::operator=(const DtVistralControlPdu& other) {
-  DtPdu::operator=(other);
-  idCache_ = other.idCache_;
-  if (this != &other) std::memcpy(text_, other.text_, sizeof text_);
-  return *this;
 }
 
 DtVistralControlPdu::~DtVistralControlPdu() = default;
@@ -106,12 +105,13 @@ void DtVistralControlPdu::setIgnoreFlags(unsigned long flags) {
 
 bool DtVistralControlPdu::statusCommand() const {
   const int command = viewerCommand();
-  return command >= kStatusOffset && command <= 600;
+  return command >= kStatusOffset && command <= kStatusLast;
 }
 
 void DtVistralControlPdu::setStatusCommand(bool status) {
   const int command = viewerCommand();
-  if (status && command < kStatusOffset) setViewerCommand(static_cast<DtViewerCommand>(command + kStatusOffset));
+  if (status && command < kStatusOffset)
+    setViewerCommand(static_cast<DtViewerCommand>(command + kStatusOffset));
   if (!status && command >= kStatusOffset)
     setViewerCommand(static_cast<DtViewerCommand>(command - kStatusOffset));
 }
@@ -270,22 +270,30 @@ DtPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image, D
 }
 }  // namespace
 
-DtPdu* DtVistralControlPdu::create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
-                                   DtPduFactory* factory) {
-  if (image == nullptr || image->kind != kPduKind) return nullptr;
+namespace {
+using MakeDraw = DtPdu* (*)(DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFactory*);
+
+// A kind-202 image as a view-control class, else as a draw-control class by the given builder, else as an
+// unknown control PDU.
+DtPdu* createBy(MakeDraw makeDraw, const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                DtPduFactory* factory) {
+  if (image == nullptr || image->kind != DtVistralControlPdu::kPduKind) return nullptr;
   auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
-  if (DtPdu* pdu = createViewControl(vc, holder, factory)) return pdu;
-  if (DtPdu* pdu = createDrawControl(vc, holder, factory)) return pdu;
+  if (DtPdu* pdu = DtVistralControlPdu::createViewControl(vc, holder, factory)) return pdu;
+  if (DtPdu* pdu = makeDraw(vc, holder, factory)) return pdu;
   return new DtUnknownVistralControlPdu(vc, holder, factory);
 }
+}  // namespace
 
+DtPdu* DtVistralControlPdu::create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                                   DtPduFactory* factory) {
+  return createBy(&createDrawControl, image, holder, factory);
+}
+
+// Received from the network: a draw-control image is read in the current layout whatever its version word.
 DtPdu* DtVistralControlPdu::createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
                                           DtPduFactory* factory) {
-  if (image == nullptr || image->kind != kPduKind) return nullptr;
-  auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
-  if (DtPdu* pdu = createViewControl(vc, holder, factory)) return pdu;
-  if (DtPdu* pdu = createDrawControlCurrent(vc, holder, factory)) return pdu;
-  return new DtUnknownVistralControlPdu(vc, holder, factory);
+  return createBy(&createDrawControlCurrent, image, holder, factory);
 }
 
 DtPdu* DtVistralControlPdu::createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
@@ -322,8 +330,9 @@ DtPdu* DtVistralControlPdu::createDrawControlV0(DtNetViewControlPdu* image, DtBu
 int DtVistralControlPdu::drawControlParamVersion(const DtNetViewControlPdu* image) {
   if (image == nullptr) return 0;
   const unsigned char* bytes = bytesOf(image);
-  return DtWire::loadU32(bytes + Fixed::drawMark) == kDrawControlMark ? DtWire::loadU16(bytes + Fixed::drawVersion)
-                                                                      : 0;
+  return DtWire::loadU32(bytes + Fixed::drawMark) == kDrawControlMark
+             ? DtWire::loadU16(bytes + Fixed::drawVersion)
+             : 0;
 }
 
 DtVistralControlPdu* DtNewViewControlPdu(DtViewerCommand command) {

@@ -22,6 +22,19 @@ DtVistralDrawControlPdu::DtVistralDrawControlPdu(const DtVistralDrawControlPdu& 
 DtVistralDrawControlPdu& DtVistralDrawControlPdu::operator=(const DtVistralDrawControlPdu& other) = default;
 DtVistralDrawControlPdu::~DtVistralDrawControlPdu() = default;
 
+void DtVistralDrawControlPdu::initDraw(int length, DtBufferPlaceHolder* holder, DtViewerCommand command,
+                                       unsigned version) {
+  initPdu(length, holder);
+  setViewerCommand(command);
+  setParamVersion(version);
+}
+
+void DtVistralDrawControlPdu::initDraw(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                                       DtPduFactory* factory, DtViewerCommand command) {
+  initPdu(image, holder, factory);
+  setViewerCommand(command);
+}
+
 DtNetU32 DtVistralDrawControlPdu::objectId() const {
   return u32At(VdcLayout::of(*this, VdcLayout::kHeader).objectId);
 }

@@ -6,6 +6,7 @@
 
 #include "tarvex/dtDump.h"
 #include "tarvex/dtExerciseConn.h"
+#include "vcLayout.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/compassVcPdu.h"
 #include "vistralcontrol/groupVcPdu.h"
@@ -97,12 +98,10 @@ void DtVistralRemoteController::removeViewModeChangeCallback(Callback cb, void* 
     DtListItem* next = item->next();
     auto* entry = static_cast<CbStruct*>(item->data());
     if (entry->function == cb && entry->usr == usr && entry->viewer == viewer) {
-      if (walking_ > 0) {
-        // The walk in progress still holds this node: retire it now, delete it when the walk ends.
-        entry->function = nullptr;
-        removedDuringWalk_ = true;
-      } else {
+      if (removal_.eraseNow()) {
         delete static_cast<CbStruct*>(callbacks_.remove(item));
+      } else {
+        entry->function = nullptr;  // the walk in progress still holds this node
       }
     }
     item = next;
@@ -480,16 +479,19 @@ void DtVistralRemoteController::setIgnoreCommandsSentFromUs(bool ignore) { ignor
 void DtVistralRemoteController::send(const DtVistralControlPdu& pdu) const {
   // The caller's PDU is addressed for the duration of the send and then given its own ids back.
   auto& addressed = const_cast<DtVistralControlPdu&>(pdu);
-  // The viewer id and the sender id are the two name fields at 12 and 76.
-  constexpr int kIdsOffset = 12;
-  unsigned char savedIds[2 * DtNetGlobalObjectDesignator::kWidth];
+  // The viewer id and the sender id are two name fields side by side.
+  constexpr int kIdsOffset = VcLayout::Fixed::viewerId;
+  static_assert(VcLayout::Fixed::senderId == kIdsOffset + VcLayout::kNameWidth,
+                "sender id follows viewer id");
+  unsigned char savedIds[2 * VcLayout::kNameWidth];
   addressed.copyBytesAt(kIdsOffset, savedIds, sizeof savedIds);
   addressed.setViewerId(targetId_);
   addressed.setSenderId(controllerId_);
   if (conn_ != nullptr && conn_->interClassDescByName(DtVistralControlInteraction::kClassName) != nullptr) {
     DtVistralControlInteraction inter;
     inter.setVcPdu(addressed);
-    conn_->sendInteraction(inter);
+    // The class is there, so only a missing encoder fails the send, and the interaction warns about that.
+    static_cast<void>(conn_->sendInteraction(inter));
   }
   if (sender_ != nullptr) sender_->sendPdu(addressed.packet(), addressed.length());
   addressed.setBytesAt(kIdsOffset, savedIds, sizeof savedIds);
@@ -504,19 +506,21 @@ void DtVistralRemoteController::processVistralControl(DtVistralControlInteractio
   const DtVistralControlPdu* pdu = inter ? inter->vcPdu() : nullptr;
   if (pdu == nullptr) return;
   if (ignoreOwnCommands_ && std::strcmp(pdu->senderId().c_str(), controllerId_.c_str()) == 0) return;
-  ++walking_;
-  for (DtListItem* item = callbacks_.first(); item != nullptr; item = item->next()) {
-    const auto* entry = static_cast<const CbStruct*>(item->data());
-    if (entry->function == nullptr) continue;  // removed by an earlier callback of this walk
-    if (entry->viewer == SEND_TO_ALL || entry->viewer == pdu->viewerId()) entry->function(*pdu, entry->usr);
-  }
-  if (--walking_ == 0 && removedDuringWalk_) {
-    removedDuringWalk_ = false;
-    for (DtListItem* item = callbacks_.first(); item != nullptr;) {
-      DtListItem* next = item->next();
-      if (static_cast<CbStruct*>(item->data())->function == nullptr)
-        delete static_cast<CbStruct*>(callbacks_.remove(item));
-      item = next;
-    }
-  }
+  removal_.walk(
+      [&] {
+        for (DtListItem* item = callbacks_.first(); item != nullptr; item = item->next()) {
+          const auto* entry = static_cast<const CbStruct*>(item->data());
+          if (entry->function == nullptr) continue;  // removed by an earlier callback of this walk
+          if (entry->viewer == SEND_TO_ALL || entry->viewer == pdu->viewerId())
+            entry->function(*pdu, entry->usr);
+        }
+      },
+      [&] {
+        for (DtListItem* item = callbacks_.first(); item != nullptr;) {
+          DtListItem* next = item->next();
+          if (static_cast<CbStruct*>(item->data())->function == nullptr)
+            delete static_cast<CbStruct*>(callbacks_.remove(item));
+          item = next;
+        }
+      });
 }

@@ -1,0 +1,196 @@
+#include "vistralcontrol/vdcAttGroup.h"
+
+#include "vdcFill.h"
+#include "vdcThrow.h"
+
+DtVdcAttributeGroupObject::DtVdcAttributeGroupObject(unsigned int id,
+                                                     DtVdcAttributeGroupTemplateObject* groupTemplate,
+                                                     const DtVdc3DAttachPoint& attachment,
+                                                     const DtVector64& enuOffset, DtVdcColor color,
+                                                     bool flashing)
+    : DtVdcObject(id),
+      attachment_(attachment),
+      enuOffset_(enuOffset),
+      color_(color),
+      flashing_(flashing),
+      groupTemplate_(groupTemplate) {
+  pdu_.setObjectId(id);
+  pdu_.setAttributeGroupId(groupTemplate_ != nullptr ? groupTemplate_->id() : 0);
+  pdu_.setType(DtVdcAttributeGroup);
+  createAttributes();
+}
+
+DtVdcAttributeGroupObject::DtVdcAttributeGroupObject(const DtVdcAttributeGroupObject& other)
+    : DtVdcObject(other),
+      attachment_(other.attachment_),
+      enuOffset_(other.enuOffset_),
+      color_(other.color_),
+      flashing_(other.flashing_),
+      groupTemplate_(other.groupTemplate_),
+      pdu_(other.pdu_) {
+  copyAttributes(other.values_);
+}
+
+DtVdcAttributeGroupObject& DtVdcAttributeGroupObject::operator=(const DtVdcAttributeGroupObject& other) {
+  if (this != &other) {
+    DtVdcObject::operator=(other);
+    attachment_ = other.attachment_;
+    enuOffset_ = other.enuOffset_;
+    color_ = other.color_;
+    flashing_ = other.flashing_;
+    groupTemplate_ = other.groupTemplate_;
+    pdu_ = other.pdu_;
+    copyAttributes(other.values_);
+  }
+  return *this;
+}
+
+DtVdcAttributeGroupObject::~DtVdcAttributeGroupObject() = default;
+
+DtVistralDrawControlPdu& DtVdcAttributeGroupObject::pdu() { return pdu_; }
+
+void DtVdcAttributeGroupObject::updatePdu() {
+  setPduAttach();
+  setPduOffset();
+  setPduColor();
+  setPduFlashing();
+}
+
+DtVdcAttributeGroupTemplateObject* DtVdcAttributeGroupObject::attributeGroupTemplate() const {
+  return groupTemplate_;
+}
+const DtVdc3DAttachPoint& DtVdcAttributeGroupObject::attachment() const { return attachment_; }
+DtVdc3DAttachPoint& DtVdcAttributeGroupObject::attachment() { return attachment_; }
+void DtVdcAttributeGroupObject::setAttachment(const DtVdc3DAttachPoint& attachment) {
+  attachment_ = attachment;
+}
+const DtVector64& DtVdcAttributeGroupObject::enuOffset() const { return enuOffset_; }
+DtVector64& DtVdcAttributeGroupObject::enuOffset() { return enuOffset_; }
+void DtVdcAttributeGroupObject::setEnuOffset(const DtVector64& offset) { enuOffset_ = offset; }
+const DtVdcColor& DtVdcAttributeGroupObject::color() const { return color_; }
+DtVdcColor& DtVdcAttributeGroupObject::color() { return color_; }
+void DtVdcAttributeGroupObject::setColor(const DtVdcColor& color) { color_ = color; }
+bool DtVdcAttributeGroupObject::flashing() const { return flashing_; }
+void DtVdcAttributeGroupObject::setFlashing(bool flashing) { flashing_ = flashing; }
+
+DtVdcAttributeValue& DtVdcAttributeGroupObject::valueAt(unsigned int attributeId, const char* function,
+                                                        int line) const {
+  std::unique_ptr<DtVdcAttributeValue>& slot = values_[attributeId];
+  if (!slot)
+    throw DtException("Invalid attribute ID", function, "libsrc/vistralcontrol/vdcAttGroup.cpp", line);
+  return *slot;
+}
+
+void DtVdcAttributeGroupObject::setBmpAttributeValue(unsigned int attributeId, const DtString& value) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 292);
+  v.setTextValue(value);
+  v.setDirty(true);
+}
+DtString DtVdcAttributeGroupObject::bmpAttributeValue(unsigned int attributeId) const {
+  return valueAt(attributeId, __PRETTY_FUNCTION__, 307).textValue();
+}
+void DtVdcAttributeGroupObject::setNumericAttributeValue(unsigned int attributeId, double value) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 324);
+  v.setXValue(value);
+  v.setDirty(true);
+}
+double DtVdcAttributeGroupObject::numericAttributeValue(unsigned int attributeId) const {
+  return valueAt(attributeId, __PRETTY_FUNCTION__, 339).xValue();
+}
+void DtVdcAttributeGroupObject::setValueBarAttributeValue(unsigned int attributeId, double value) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 356);
+  v.setXValue(value);
+  v.setDirty(true);
+}
+double DtVdcAttributeGroupObject::valueBarAttributeValue(unsigned int attributeId) const {
+  return valueAt(attributeId, __PRETTY_FUNCTION__, 371).xValue();
+}
+void DtVdcAttributeGroupObject::setGraphAttributeValueX(unsigned int attributeId, double value) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 388);
+  v.setXValue(value);
+  v.setDirty(true);
+}
+double DtVdcAttributeGroupObject::graphAttributeValueX(unsigned int attributeId) const {
+  return valueAt(attributeId, __PRETTY_FUNCTION__, 403).xValue();
+}
+void DtVdcAttributeGroupObject::setGraphAttributeValueY(unsigned int attributeId, double value) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 420);
+  v.setYValue(value);
+  v.setDirty(true);
+}
+double DtVdcAttributeGroupObject::graphAttributeValueY(unsigned int attributeId) const {
+  return valueAt(attributeId, __PRETTY_FUNCTION__, 435).yValue();
+}
+
+DtVdcAttributeGroupObject::ValueMap& DtVdcAttributeGroupObject::attributeValueMap() { return values_; }
+
+void DtVdcAttributeGroupObject::updateAttributePdu(unsigned int attributeId) {
+  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 238);
+  const DtVdcAttributeTemplateObject* t =
+      groupTemplate_ != nullptr ? groupTemplate_->attributeTemplate(attributeId) : nullptr;
+  if (t == nullptr) return;
+  DtVdcAttributeUpdatePdu& out = v.attributeUpdatePdu();
+  switch (t->attributeType()) {
+    case DtVdcAttributeTemplateObject::DtVdcAttTypeNoValue:
+      // A label has nothing to send.
+      v.setDirty(false);
+      break;
+    case DtVdcAttributeTemplateObject::DtVdcAttTypeSingleValue:
+    case DtVdcAttributeTemplateObject::DtVdcAttTypeValueBar:
+      if (v.dirty()) out.setValueX(v.xValue());
+      break;
+    case DtVdcAttributeTemplateObject::DtVdcAttTypeGraphPoint:
+      if (v.dirty()) {
+        out.setValueX(v.xValue());
+        out.setValueY(v.yValue());
+      }
+      break;
+    case DtVdcAttributeTemplateObject::DtVdcAttTypeBitmap:
+      if (v.dirty()) out.setText(v.textValue());
+      break;
+    default:
+      break;
+  }
+}
+
+void DtVdcAttributeGroupObject::updateAllAttributePdus() {
+  for (const auto& entry : values_) updateAttributePdu(entry.first);
+}
+
+void DtVdcAttributeGroupObject::setPduAttach() { VdcFill::attachSingle(pdu_, attachment_); }
+void DtVdcAttributeGroupObject::setPduOffset() { pdu_.setOffset(enuOffset_); }
+void DtVdcAttributeGroupObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
+void DtVdcAttributeGroupObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
+
+void DtVdcAttributeGroupObject::createAttributes() {
+  if (groupTemplate_ == nullptr) return;
+  for (const auto& t : groupTemplate_->attributeTemplates()) {
+    auto value = std::make_unique<DtVdcAttributeValue>();
+    DtVdcAttributeUpdatePdu& out = value->attributeUpdatePdu();
+    out.setObjectId(t->id());
+    out.setGroupId(id());
+    switch (t->attributeType()) {
+      case DtVdcAttributeTemplateObject::DtVdcAttTypeBitmap:
+        out.setType(DtVdcAttributeValueSetText);
+        break;
+      case DtVdcAttributeTemplateObject::DtVdcAttTypeNoValue:
+      case DtVdcAttributeTemplateObject::DtVdcAttTypeSingleValue:
+      case DtVdcAttributeTemplateObject::DtVdcAttTypeValueBar:
+      case DtVdcAttributeTemplateObject::DtVdcAttTypeGraphPoint:
+        out.setType(DtVdcAttributeValueSet);
+        break;
+      default:
+        break;
+    }
+    values_[t->id()] = std::move(value);
+  }
+}
+
+void DtVdcAttributeGroupObject::destroyAttributes() { values_.clear(); }
+
+void DtVdcAttributeGroupObject::copyAttributes(const ValueMap& values) {
+  ValueMap copies;
+  for (const auto& [attributeId, value] : values)
+    copies[attributeId] = value ? std::make_unique<DtVdcAttributeValue>(*value) : nullptr;
+  values_.swap(copies);
+}

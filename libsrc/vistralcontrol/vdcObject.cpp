@@ -1,0 +1,10 @@
+#include "vistralcontrol/vdcObject.h"
+
+DtVdcObject::~DtVdcObject() = default;
+
+unsigned int DtVdcObject::id() const { return id_; }
+
+void DtVdcObject::setId(unsigned int id) {
+  id_ = id;
+  pdu().setObjectId(id);
+}
