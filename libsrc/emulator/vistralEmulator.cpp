@@ -1,10 +1,11 @@
 #include "vistralemulator/vistralEmulator.h"
 
 #include <algorithm>
-#include <vector>
+#include <cstring>
 
 #include "emulatorApply.h"
 #include "tarvex/dtExerciseConn.h"
+#include "tarvex/dtInteractionDecoder.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/modelessVcPdu.h"
 #include "vistralcontrol/moveVcPdu.h"
@@ -53,11 +54,13 @@ void DtVistralEmulator::received(DtVistralControlInteraction* inter, void* usr) 
 }
 
 void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t length) {
-  // The receive path reads as many bytes as the image's header states: give it a buffer that has them.
-  std::vector<unsigned char> image(static_cast<std::size_t>(DtPdu::kMaxLength) + 1, 0);
-  std::copy(bytes, bytes + std::min(length, image.size()), image.begin());
-  std::unique_ptr<DtPdu> made(DtVistralControlPdu::createFromNet(
-      reinterpret_cast<const DtNetPduHeader*>(image.data()), nullptr, nullptr));
+  // Laid into the zero-tailed buffer that received values go through, as a decoder hands them over: whatever
+  // the image's header states, nothing past the bytes given is read. No header states more than its maximum.
+  const std::size_t kept = std::min(length, static_cast<std::size_t>(DtPdu::kMaxLength) + 1);
+  char* image = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(kept));
+  if (kept > 0) std::memcpy(image, bytes, kept);
+  std::unique_ptr<DtPdu> made(
+      DtVistralControlPdu::createFromNet(reinterpret_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
   if (const auto* pdu = dynamic_cast<const DtVistralControlPdu*>(made.get())) {
     apply(*pdu);
   } else {
