@@ -1,4 +1,4 @@
-// A remote drawer builds an overlay scene in a stand-in viewer over the in-process federation: 2D and 3D
+// A remote drawer builds an overlay scene in the viewer over the in-process federation: 2D and 3D
 // lines, an area, shapes, texts, a layer and an attribute panel whose values change; then it hides, shows
 // and removes objects, and what is left goes when the drawer does. The viewer prints each PDU it receives.
 #include "demoDrawing.h"
@@ -25,8 +25,6 @@
 #include "vistralcontrol/vistralDrawControlPdu.h"
 
 namespace {
-constexpr const char* kExecution = "VistralDrawingDemo";
-
 int received = 0;
 
 void printDrawn(DtVistralControlInteraction* inter, void*) {
@@ -42,15 +40,13 @@ void printDrawn(DtVistralControlInteraction* inter, void*) {
 }
 }  // namespace
 
-bool drawingScene() {
+bool drawingScene(DtExerciseConn& viewer) {
   using Seg = DtVdcLineSegment;
   std::cout << "\n===== Drawing: a remote drawer builds a scene in the viewer =====\n";
-  DtExerciseConn viewer(kExecution, "vistral-1");
-  DtVistralControlRegister(&viewer);
   DtVistralControlInteraction::addCallback(&viewer, &printDrawn, nullptr);
   int sent = 0;
   {
-    DtExerciseConn app(kExecution, "demo-drawer");
+    DtExerciseConn app(viewer.executionName().c_str(), "demo-drawer");
     DtVistralControlRegister(&app);
     DtVistralRemoteDrawer drawer(&app, DtVistralRemoteDrawer::SEND_TO_ALL, 1);
     auto step = [&](const char* what, int pdus) {

@@ -1,5 +1,8 @@
-// The drawing part of the demo: a scene drawn through the remote drawer, printed by a stand-in viewer.
+// The drawing part of the demo: a scene drawn through the remote drawer into the viewer on the given
+// connection, which prints each PDU it receives.
 #pragma once
 
+class DtExerciseConn;
+
 // Returns whether the viewer received every PDU the drawer sent.
-bool drawingScene();
+bool drawingScene(DtExerciseConn& viewer);

@@ -1,20 +1,29 @@
-// The main demo, on the in-process federation.
+// The main demo, on the in-process federation. The viewer is the headless viewer emulator throughout.
 //
-// Part 1: one command of each family travels as a "ViewControl" interaction from a controller federate to a
-// viewer federate, which prints what arrives.
-// Part 2: a remote controller steers a stand-in viewer through each viewing mode and asks it, after each,
-// which mode it is in; the stand-in answers with the status form of its mode, which reaches the controller's
-// callback.
+// Part 1: one command of each family travels as a "ViewControl" interaction from a controller federate to the
+// viewer, which prints what arrives.
+// Part 2: a remote controller steers the viewer through each viewing mode and asks it, after each, which mode
+// it is in; the viewer answers with the status form of its mode and the parameters it keeps, which reach the
+// controller's callback.
+// Part 3: an overlay scene is drawn, changed, layered, hidden and shown; the viewer then writes what it would
+// show (vistralDemo.svg, vistralDemo.png) and its whole state (vistralDemo.json) into the directory given as
+// the first argument (default: the current one).
+// Part 4: a remote drawer builds, changes and removes a scene of drawing objects in the same viewer.
 #include <cstring>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "demoDrawing.h"
 #include "demoPdus.h"
+#include "demoScene.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vistralControlRegister.h"
 #include "vistralcontrol/vistralRemoteController.h"
+#include "vistralemulator/emulatorPicture.h"
+#include "vistralemulator/emulatorSnapshot.h"
+#include "vistralemulator/vistralEmulator.h"
 
 namespace {
 constexpr const char* kExecution = "VistralDemo";
@@ -48,12 +57,11 @@ void printArrival(DtVistralControlInteraction* inter, void* usr) {
   std::cout << "text form: \"" << pdu->string() << "\"\n";
 }
 
-bool everyFamily() {
+bool everyFamily(DtVistralEmulator& emulator) {
   std::cout << "===== Part 1: one command of each family, sent and received =====\n";
   DtExerciseConn controller(kExecution, kController);
-  DtExerciseConn viewer(kExecution, kViewer);
   DtVistralControlRegister(&controller);
-  DtVistralControlRegister(&viewer);
+  DtExerciseConn& viewer = *emulator.connection();
   Inbox inbox;
   DtVistralControlInteraction::addCallback(&viewer, &printArrival, &inbox);
 
@@ -74,62 +82,14 @@ bool everyFamily() {
 
 // ---- Part 2 ----------------------------------------------------------------------------------------------
 
-// Stands in for a viewer: follows mode commands, and answers a request for its state with the status form
-// of its current mode.
-class StandInViewer {
- public:
-  explicit StandInViewer(const char* name) : conn_(kExecution, name), name_(name) {
-    DtVistralControlRegister(&conn_);
-    DtVistralControlInteraction::addCallback(&conn_, &StandInViewer::received, this);
-  }
-  ~StandInViewer() { DtVistralControlInteraction::removeCallback(&conn_, &StandInViewer::received, this); }
-  void run() { conn_.processIncoming(); }
-
- private:
-  static void received(DtVistralControlInteraction* inter, void* usr) {
-    auto* self = static_cast<StandInViewer*>(usr);
-    const DtVistralControlPdu* pdu = inter->vcPdu();
-    if (pdu == nullptr || pdu->viewerId() != self->name_) return;
-    const DtViewerCommand command = pdu->viewerCommand();
-    if (command == DtVcRequestState) {
-      self->answer();
-    } else if (command <= DtVcPivot && command != DtVcModeless && command != DtVcOptions) {
-      // Keep the mode command as it came: its image is the report to give back.
-      self->mode_.reset(static_cast<DtVistralControlPdu*>(DtVistralControlPdu::create(
-          reinterpret_cast<const DtNetPduHeader*>(pdu->packet()), nullptr, nullptr)));
-      std::cout << "   viewer " << self->name_ << ": now in " << DtEnumString(command) << " \""
-                << pdu->string() << "\", ignore flags " << std::hex << (pdu->ignoreFlags() & 0xFFFFFFFFUL)
-                << std::dec << "\n";
-    } else {
-      std::cout << "   viewer " << self->name_ << ": " << DtEnumString(command) << "\n";
-    }
-  }
-
-  void answer() {
-    if (!mode_) return;
-    mode_->setStatusCommand(true);
-    mode_->setViewerId(name_);
-    mode_->setSenderId(name_);
-    DtVistralControlInteraction report;
-    report.setVcPdu(*mode_);
-    if (!conn_.sendInteraction(report)) std::cerr << name_.c_str() << ": cannot report the view mode\n";
-    mode_->setStatusCommand(false);
-  }
-
-  DtExerciseConn conn_;
-  DtString name_;
-  std::unique_ptr<DtVistralControlPdu> mode_;
-};
-
 void heardReport(const DtVistralControlPdu& pdu, void* usr) {
   ++*static_cast<int*>(usr);
   std::cout << "   controller heard: " << pdu.senderId() << " reports " << DtEnumString(pdu.viewerCommand())
             << " \"" << pdu.string() << "\"\n";
 }
 
-bool steeringSession() {
+bool steeringSession(DtVistralEmulator& viewer) {
   std::cout << "\n===== Part 2: a remote controller steers a viewer and hears it back =====\n";
-  StandInViewer viewer(kViewer);
   DtExerciseConn conn(kExecution, kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
@@ -146,9 +106,9 @@ bool steeringSession() {
   const auto step = [&](const char* what, auto&& command) {
     std::cout << "\n--> " << what << "\n";
     command();
-    viewer.run();
+    viewer.processIncoming();
     controller.requestCurrentViewMode(kViewer);
-    viewer.run();
+    viewer.processIncoming();
     conn.processIncoming();
   };
   step("absolute mode", [&] { controller.setAbsoluteMode(&location, &look); });
@@ -171,11 +131,50 @@ bool steeringSession() {
   std::cout << "\n" << reports << " mode reports heard by the controller\n";
   return reports == 13;
 }
+
+// ---- Part 3 ----------------------------------------------------------------------------------------------
+
+bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
+  std::cout
+      << "\n===== Part 3: an overlay scene, drawn, changed and layered, and what the viewer shows =====\n";
+  DtExerciseConn conn(kExecution, kController);
+  DtVistralControlRegister(&conn);
+  const int sent = drawDemoScene(conn, kViewer, kController);
+  viewer.processIncoming();
+  // Back to orbit around the entity the scene hangs on, so that the map shows the eye there.
+  DtVistralRemoteController controller(&conn, kViewer);
+  controller.setControllerId(kController);
+  const DtString lead("1:3001:12");
+  const float radius = 150, heading = 0.8f;
+  controller.setOrbitMode(&lead, &radius, &heading, nullptr, nullptr);
+  viewer.processIncoming();
+
+  const DtEmulatorState& state = viewer.state();
+  int shown = 0;
+  for (const auto& entry : state.objects) shown += state.shown(entry.second) ? 1 : 0;
+  std::cout << sent << " draw PDUs sent; the viewer holds " << state.objects.size() << " objects, " << shown
+            << " of them shown, and is in " << DtEmulatorModeName(state.view.mode) << "\n";
+  bool ok = sent > 0;
+  for (const char* name : {"vistralDemo.svg", "vistralDemo.png"}) {
+    const std::string path = outDir + "/" + name;
+    const bool written = DtWriteEmulatorPicture(state, path);
+    std::cout << (written ? "wrote " : "could not write ") << path << "\n";
+    ok = ok && written;
+  }
+  const std::string json = outDir + "/vistralDemo.json";
+  const bool written = DtWriteEmulatorSnapshot(state, json);
+  std::cout << (written ? "wrote " : "could not write ") << json << "\n";
+  return ok && written;
+}
 }  // namespace
 
-int main() {
-  const bool families = everyFamily();
-  const bool session = steeringSession();
-  const bool drawing = drawingScene();
-  return families && session && drawing ? 0 : 1;
+int main(int argc, char** argv) {
+  const std::string outDir = argc > 1 ? argv[1] : ".";
+  DtVistralEmulator viewer(kExecution, kViewer);
+  const bool families = everyFamily(viewer);
+  const bool session = steeringSession(viewer);
+  const bool drawing = drawingSession(viewer, outDir);
+  // The remote drawer draws its own scene into the same viewer, and takes it away again when it goes.
+  const bool drawer = drawingScene(*viewer.connection());
+  return families && session && drawing && drawer ? 0 : 1;
 }

@@ -4,6 +4,8 @@
 //   [ARGS]
 //
 // With --print (or when no other federate could hear the command) each PDU sent is also dumped.
+// request-state waits up to --wait seconds (default 2) for the viewer's report and prints it.
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
@@ -11,6 +13,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tarvex/dtCmdLine.h"
@@ -315,6 +318,7 @@ int main(int argc, char** argv) {
                    "VistralControl");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int print = cmd.addSwitch("print", "p", "also print every PDU sent");
+  const int wait = cmd.addValue("wait", "w", "SECONDS", "how long request-state waits for the report", "2");
   cmd.setPositionalHelp("COMMAND [ARGS...]", commandsHelp(table));
 
   switch (cmd.parse(argc, argv)) {
@@ -360,8 +364,27 @@ int main(int argc, char** argv) {
     steer.setControllerId(cmd.value(controller));
     PrintingSender printer;
     if (cmd.isSet(print)) steer.setCustomSender(&printer);
+    const double waitFor = Args({cmd.value(wait)}).number(0);
+    int reports = 0;
+    const auto heard = [](const DtVistralControlPdu& pdu, void* usr) {
+      if (!pdu.statusCommand()) return;  // only the viewer's own reports, not other controllers' commands
+      ++*static_cast<int*>(usr);
+      std::cout << "report from " << pdu.senderId() << ": " << DtEnumString(pdu.viewerCommand()) << "\n";
+      pdu.printData();
+    };
+    steer.addViewModeChangeCallback(heard, &reports, cmd.value(viewer));
     sub->run(steer, Args(std::vector<std::string>(words.begin() + 1, words.end())));
     conn.processIncoming();
+    if (words[0] == "request-state") {
+      const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(waitFor);
+      while (reports == 0 && std::chrono::steady_clock::now() < deadline) {
+        if (conn.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+      }
+      if (reports == 0) {
+        std::cout << "no report from " << cmd.value(viewer) << " within " << cmd.value(wait) << " s\n";
+        return 1;
+      }
+    }
   } catch (const ArgumentError& e) {
     std::cerr << "PARSE ERROR: " << e.what << "\nusage: " << sub->name << " " << sub->synopsis << "\n";
     return 2;

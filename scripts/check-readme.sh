@@ -94,6 +94,10 @@ check_examples() {
         echo "add_library($target OBJECT src/$target.cpp)"
       fi
       echo "target_link_libraries($target PRIVATE VistralControl::vistralControlToolkitHLA13)"
+      # Examples of the viewer emulator link its library too.
+      if grep -q '"vistralemulator/' "$src"; then
+        echo "target_link_libraries($target PRIVATE VistralControl::vistralEmulator)"
+      fi
       echo "target_compile_options($target PRIVATE -Wall -Wextra -Werror)"
     done
   } >"$dir/CMakeLists.txt"

@@ -12,6 +12,9 @@ command -v g++ >/dev/null 2>&1 || need+=(g++)
 command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
 command -v clang-format >/dev/null 2>&1 || need+=(clang-format)
 command -v clang-tidy >/dev/null 2>&1 || need+=(clang-tidy)
+# The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
+[ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
+[ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"

@@ -33,5 +33,6 @@ expect 2 "PARSE ERROR: unknown argument '--bogus'" --bogus orbit
 expect 2 "PARSE ERROR: '99999999999' is not a whole number" frames-per-second 99999999999
 expect 2 "PARSE ERROR: 'maybe' is not on or off" fog maybe
 expect 1 "DtException" --federation Steer --fed /nonexistent.fed reset
-echo "$((17 - failures)) passed, $failures failed"
+expect 1 "no report from vistral-9 within 0.2 s" --viewer vistral-9 --wait 0.2 request-state
+echo "$((18 - failures)) passed, $failures failed"
 [ "$failures" -eq 0 ]

@@ -1,0 +1,144 @@
+// What a headless viewer holds after the control PDUs it has taken: its viewing mode with the parameters of
+// each mode, its options, its entity group and eye point, and the overlay objects drawn by id. Plain data
+// with no drawing code: the picture and snapshot writers read it, tests compare it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "vistralemulator/vistralEmulatorExport.h"
+
+// A parameter or option value as the viewer keeps it: a flag, a whole number, a number or a text.
+using DtEmulatorValue = std::variant<bool, long long, double, std::string>;
+using DtEmulatorVec = std::array<double, 3>;
+
+// The parameters one viewing mode has been given, by field name ("radius", "location.x", "attachId"). A
+// field is present once a command carried it with its ignore bit clear; it keeps that value until another
+// command of the mode carries it again.
+struct DtEmulatorModeState {
+  std::map<std::string, DtEmulatorValue> fields;
+};
+
+// The eye point as move commands set it, and the step commands heard (the emulator has no scene to step
+// through, so it counts them and keeps the directions they named).
+struct DtEmulatorEye {
+  std::map<std::string, double> fields;  // "position.x", ..., "orientation.psi", ...
+  int steps = 0;
+  int lastMove = -1;
+  int lastTurn = -1;
+  int resets = 0;
+};
+
+struct DtEmulatorViewState {
+  int mode = 0;  // the viewer command of the current mode; a viewer starts in absolute mode
+  std::map<int, DtEmulatorModeState> modes;  // by viewer command, every mode ever commanded
+  std::vector<std::string> group;            // entities of the viewed group (group mode and modeless lists)
+  std::string primary;
+  std::string secondary;
+  DtEmulatorEye eye;
+};
+
+struct DtEmulatorColor {
+  int r = 255, g = 255, b = 255, a = 255;
+};
+
+// Where an attachable object is anchored, as its PDU says.
+struct DtEmulatorAnchor {
+  int attachment = 0;
+  std::array<DtEmulatorVec, 2> positions{};
+  std::array<std::string, 2> entities;
+  std::array<std::uint32_t, 2> objects{};
+  std::array<int, 2> relativeLocations{};
+  DtEmulatorVec offset{};
+};
+
+struct DtEmulatorSegment {
+  DtEmulatorColor color;
+  std::uint32_t pattern = 0xFFFFFFFF;
+  int thickness = 1;
+  int arrowStyle = 0;
+  int appearance = 0;
+  int percentage = 100;
+};
+
+// A value of one attribute of a panel, as attribute updates left it.
+struct DtEmulatorAttributeValue {
+  double x = 0;
+  double y = 0;
+  std::string text;
+  bool set = false;
+};
+
+// One attribute of a panel layout (an attribute template), kept under its group template.
+struct DtEmulatorAttributeDef {
+  int type = 0;
+  std::string name;
+  bool hasRange = false;
+  double rangeMin = 0;
+  double rangeMax = 0;
+};
+
+// One drawn object: what kind it is, the last PDU that described it and what that PDU said, and what the
+// commands since did to it.
+struct DtEmulatorObject {
+  std::uint32_t id = 0;
+  int viewerCommand = 0;  // the PDU class: 2520 line, 2540 poly object, 2550 triangle, ...
+  int type = 0;           // the draw-object type
+  std::vector<std::uint8_t> lastPdu;
+  int pduCount = 0;  // PDUs that have described it (the first and every update)
+  bool visible = true;
+  std::set<std::uint32_t> layers;
+
+  bool attachable = false;
+  DtEmulatorAnchor anchor;
+  DtEmulatorColor color;
+  bool flashing = false;
+
+  std::vector<DtEmulatorSegment> segments;  // lines
+  bool checkLos = false;
+  bool projected = false;
+
+  bool fill = false;  // poly objects, triangles, areas
+  std::uint32_t pattern = 0;
+  DtEmulatorVec scale{};
+  DtEmulatorVec rotation{};  // psi, theta, phi
+  std::vector<DtEmulatorVec> points;
+  std::string textureDirectory;
+  std::string textureFilename;
+  int textureTiles = 0;
+
+  std::string text;  // a text's string, a layer's or an attribute's name
+
+  std::uint32_t attributeGroupId = 0;  // attribute panels: the group template a group or template belongs to
+  bool hasRange = false;
+  double rangeMin = 0;
+  double rangeMax = 0;
+  std::map<std::uint32_t, DtEmulatorAttributeValue> values;  // a group's values by attribute id
+  std::set<std::uint32_t> hiddenAttributes;
+};
+
+struct DtEmulatorCounters {
+  long received = 0;        // control PDUs taken
+  long ignored = 0;         // PDUs for other viewers, status reports of other viewers, unknown commands
+  long answered = 0;        // state reports sent
+  long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
+};
+
+struct VISTRAL_EMULATOR_EXPORT DtEmulatorState {
+  std::string viewerId;
+  DtEmulatorViewState view;
+  std::map<std::string, DtEmulatorValue> options;  // by option name; only options a PDU carried
+  std::map<std::uint32_t, DtEmulatorObject> objects;
+  // Panel layouts: attribute definitions by group template id, then attribute id. Attribute ids are small
+  // numbers of their own, so they are not entered among the drawn objects.
+  std::map<std::uint32_t, std::map<std::uint32_t, DtEmulatorAttributeDef>> attributeTemplates;
+  DtEmulatorCounters counters;
+
+  // Shown: visible itself, and no layer it belongs to is hidden.
+  bool shown(const DtEmulatorObject& object) const;
+};

@@ -1,0 +1,56 @@
+// A headless stand-in for a remote viewer. It joins a federation under a viewer id, takes every control PDU
+// addressed to it (its own id or "0:0:0"; draw PDUs whatever viewer id they carry), applies them as a viewer
+// would, honouring the ignore flags field by field, and answers a request for its state with the status form
+// of its current mode. Its state is plain data (emulatorState.h) for pictures, snapshots and tests.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "tarvex/dtString.h"
+#include "vistralcontrol/vistralControlPdu.h"
+#include "vistralemulator/emulatorState.h"
+#include "vistralemulator/vistralEmulatorExport.h"
+
+class DtExerciseConn;
+class DtVistralControlInteraction;
+
+class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
+ public:
+  // On the application's connection (not owned): registers "ViewControl" on it and listens.
+  DtVistralEmulator(DtExerciseConn* conn, const DtString& viewerId);
+  // Joins the execution itself as a federate named after the viewer id (a URL selects an RTI, as for any
+  // connection); fedFile null for the built-in FOM.
+  DtVistralEmulator(const char* executionName, const DtString& viewerId, const char* fedFile = nullptr);
+  // Without a federation: PDUs come through apply() and applyImage(); answers are only counted.
+  explicit DtVistralEmulator(const DtString& viewerId);
+  ~DtVistralEmulator();
+  DtVistralEmulator(const DtVistralEmulator&) = delete;
+  DtVistralEmulator& operator=(const DtVistralEmulator&) = delete;
+
+  // Lets the connection deliver what has arrived; returns the interactions handled.
+  int processIncoming();
+
+  // Takes one PDU as if it had arrived, addressing rules included.
+  void apply(const DtVistralControlPdu& pdu);
+  // Takes a received image (bytes as they travel) through the library's receive path.
+  void applyImage(const unsigned char* bytes, std::size_t length);
+
+  // The status form of the current mode with every parameter the mode holds; fields it was never given
+  // have their ignore bits set. From and to the emulator's viewer id.
+  std::unique_ptr<DtVistralControlPdu> stateReport() const;
+
+  const DtEmulatorState& state() const { return state_; }
+  const DtString& viewerId() const { return viewerId_; }
+  DtExerciseConn* connection() const { return conn_; }
+
+ private:
+  static void received(DtVistralControlInteraction* inter, void* usr);
+  void listen();
+  void answer();
+
+  DtString viewerId_;
+  std::unique_ptr<DtExerciseConn> ownedConn_;
+  DtExerciseConn* conn_ = nullptr;
+  DtEmulatorState state_;
+};

@@ -1,0 +1,529 @@
+// Viewing modes, modeless commands, moves and options as a viewer applies them. Each mode's fields are listed
+// once, with the ignore bit that guards each, how to read it from the mode's PDU and how to write it back
+// into a report: applying a command and answering a request both walk the same list.
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "emulatorApply.h"
+#include "vistralcontrol/absoluteVcPdu.h"
+#include "vistralcontrol/compassVcPdu.h"
+#include "vistralcontrol/groupVcPdu.h"
+#include "vistralcontrol/mimicTrackVcPdu.h"
+#include "vistralcontrol/mimicVcPdu.h"
+#include "vistralcontrol/modelessVcPdu.h"
+#include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/pivotVcPdu.h"
+#include "vistralcontrol/tetherTrackVcPdu.h"
+#include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
+#include "vistralcontrol/vistralRemoteController.h"
+
+namespace vistralemulator {
+namespace {
+
+// Bits of the three-bit vector masks, one per component: x, y, z.
+constexpr unsigned long kPositionX = 0x1, kPositionY = 0x2, kPositionZ = 0x4;
+constexpr unsigned long kTetherX = 0x40, kTetherY = 0x80, kTetherZ = 0x100;
+constexpr unsigned long kAttachX = 0x2000, kAttachY = 0x4000, kAttachZ = 0x8000;
+static_assert((kPositionX | kPositionY | kPositionZ) == DtVcIgnore::Position, "position bits");
+static_assert((kTetherX | kTetherY | kTetherZ) == DtVcIgnore::TetherOffset, "tether offset bits");
+static_assert((kAttachX | kAttachY | kAttachZ) == DtVcIgnore::AttachOffset, "attach offset bits");
+// A field without an ignore bit of its own (the group command) is applied with every command of its mode.
+constexpr unsigned long kAlways = 0;
+// Entity lists of a group or modeless PDU are read no further than its image reaches, and a group holds at
+// most this many entities, whatever counts a PDU states.
+constexpr int kListStride = 64;
+constexpr std::size_t kMaxGroup = 4096;
+
+double asNumber(const DtEmulatorValue& value) {
+  if (const auto* d = std::get_if<double>(&value)) return *d;
+  if (const auto* i = std::get_if<long long>(&value)) return static_cast<double>(*i);
+  if (const auto* b = std::get_if<bool>(&value)) return *b ? 1.0 : 0.0;
+  return 0.0;
+}
+std::string asText(const DtEmulatorValue& value) {
+  if (const auto* s = std::get_if<std::string>(&value)) return *s;
+  return {};
+}
+
+struct FieldRule {
+  std::string name;
+  unsigned long bit;
+  DtEmulatorValue (*read)(const DtVistralControlPdu&);
+  void (*write)(DtVistralControlPdu&, const DtEmulatorValue&);
+};
+
+template <class P, auto Get, auto Set>
+FieldRule number(std::string name, unsigned long bit) {
+  return {std::move(name), bit,
+          [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
+            return static_cast<double>((static_cast<const P&>(pdu).*Get)());
+          },
+          [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
+            (static_cast<P&>(pdu).*Set)(static_cast<float>(asNumber(v)));
+          }};
+}
+
+template <class P, auto Get, auto Set>
+FieldRule text(std::string name, unsigned long bit) {
+  return {std::move(name), bit,
+          [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
+            return std::string((static_cast<const P&>(pdu).*Get)().c_str());
+          },
+          [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
+            (static_cast<P&>(pdu).*Set)(DtString(asText(v)));
+          }};
+}
+
+inline void setComponent(DtVector64& v, int i, double value) {
+  if (i == 0) v.setX(value);
+  if (i == 1) v.setY(value);
+  if (i == 2) v.setZ(value);
+}
+
+template <class P, auto Get, auto Set, int I>
+FieldRule component(std::string name, unsigned long bit) {
+  return {std::move(name), bit,
+          [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
+            return DtVector64((static_cast<const P&>(pdu).*Get)())[I];
+          },
+          [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
+            auto& p = static_cast<P&>(pdu);
+            DtVector64 vector = (p.*Get)();
+            setComponent(vector, I, asNumber(v));
+            (p.*Set)(vector);
+          }};
+}
+
+inline double angle(const DtTaitBryan& a, int i) { return i == 0 ? a.psi() : i == 1 ? a.theta() : a.phi(); }
+inline void setAngle(DtTaitBryan& a, int i, double value) {
+  if (i == 0) a.setPsi(value);
+  if (i == 1) a.setTheta(value);
+  if (i == 2) a.setPhi(value);
+}
+
+template <class P, auto Get, auto Set, int I>
+FieldRule angleOf(std::string name, unsigned long bit) {
+  return {std::move(name), bit,
+          [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
+            return angle(DtTaitBryan((static_cast<const P&>(pdu).*Get)()), I);
+          },
+          [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
+            auto& p = static_cast<P&>(pdu);
+            DtTaitBryan angles = (p.*Get)();
+            setAngle(angles, I, asNumber(v));
+            (p.*Set)(angles);
+          }};
+}
+
+// The three components of a vector field, each under its own bit.
+template <class P, auto Get, auto Set>
+void vectorFields(std::vector<FieldRule>& out, const char* name, unsigned long x, unsigned long y,
+                  unsigned long z) {
+  const std::string base = name;
+  out.push_back(component<P, Get, Set, 0>(base + ".x", x));
+  out.push_back(component<P, Get, Set, 1>(base + ".y", y));
+  out.push_back(component<P, Get, Set, 2>(base + ".z", z));
+}
+
+// Tait-Bryan angles: psi under the heading bit, theta under pitch, phi under roll.
+template <class P, auto Get, auto Set>
+void angleFields(std::vector<FieldRule>& out, const char* name) {
+  const std::string base = name;
+  out.push_back(angleOf<P, Get, Set, 0>(base + ".psi", DtVcIgnore::Heading));
+  out.push_back(angleOf<P, Get, Set, 1>(base + ".theta", DtVcIgnore::Pitch));
+  out.push_back(angleOf<P, Get, Set, 2>(base + ".phi", DtVcIgnore::Roll));
+}
+
+struct ModeRules {
+  int command;
+  bool (*carries)(const DtVistralControlPdu&);
+  std::vector<FieldRule> fields;
+};
+
+template <class P>
+bool carries(const DtVistralControlPdu& pdu) {
+  return dynamic_cast<const P*>(&pdu) != nullptr;
+}
+
+// The heading and pitch offsets and the roll of the sphere modes share the group's offset bits and the
+// orientation's roll bit.
+template <class P>
+void sphereOffsets(std::vector<FieldRule>& f) {
+  f.push_back(
+      number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
+  f.push_back(number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
+  f.push_back(number<P, &P::roll, &P::setRoll>("roll", DtVcIgnore::Roll));
+}
+
+std::vector<ModeRules> buildRules() {
+  std::vector<ModeRules> all;
+  {
+    using P = DtAbsoluteVCPdu;
+    ModeRules m{DtVcAbsolute, &carries<P>, {}};
+    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, "location", kPositionX, kPositionY,
+                                                             kPositionZ);
+    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, "orientation");
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtTetherVCPdu;
+    ModeRules m{DtVcTether, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    vectorFields<P, &P::topoUpOffset, &P::setTopoUpOffset>(m.fields, "topoUpOffset", kTetherX, kTetherY,
+                                                           kTetherZ);
+    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, "orientation");
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtCompassVCPdu;
+    ModeRules m{DtVcCompass, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
+    m.fields.push_back(
+        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
+    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+    sphereOffsets<P>(m.fields);
+    all.push_back(std::move(m));
+  }
+  for (int command : {int{DtVcMimic}, int{DtVcOffsetMimic}}) {
+    using P = DtMimicVCPdu;  // offset mimic is a mimic PDU with its own command
+    ModeRules m{command, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kAttachX, kAttachY, kAttachZ);
+    angleFields<P, &P::bodyOrientation, &P::setBodyOrientation>(m.fields, "bodyOrientation");
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtOrbitVCPdu;
+    ModeRules m{DtVcOrbit, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
+    m.fields.push_back(
+        number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
+    m.fields.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
+    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+    sphereOffsets<P>(m.fields);
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtTrackVCPdu;
+    ModeRules m{DtVcTrack, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, "location", kPositionX, kPositionY,
+                                                             kPositionZ);
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtTetherTrackVCPdu;
+    ModeRules m{DtVcTetherTrack, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
+                                                                                DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
+    m.fields.push_back(
+        text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
+    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kAttachX, kAttachY, kAttachZ);
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtMimicTrackVCPdu;
+    ModeRules m{DtVcMimicTrack, &carries<P>, {}};
+    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
+                                                                                DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
+    m.fields.push_back(
+        text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
+    // Mimic-track's offset stands under the position bits, unlike the other attach offsets.
+    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kPositionX, kPositionY, kPositionZ);
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtGroupVCPdu;
+    ModeRules m{DtVcGroup, &carries<P>, {}};
+    m.fields.push_back({"groupCmd", kAlways,
+                        [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
+                          return static_cast<long long>(static_cast<const P&>(pdu).groupCmd());
+                        },
+                        [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
+                          static_cast<P&>(pdu).setGroupCmd(static_cast<int>(asNumber(v)));
+                        }});
+    m.fields.push_back(
+        number<P, &P::radialOffset, &P::setRadialOffset>("radialOffset", DtVcIgnore::GroupRadialOffset));
+    m.fields.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
+    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+    m.fields.push_back(
+        number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
+    m.fields.push_back(
+        number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
+    all.push_back(std::move(m));
+  }
+  {
+    using P = DtPivotVCPdu;
+    ModeRules m{DtVcPivot, &carries<P>, {}};
+    vectorFields<P, &P::pivotPoint, &P::setPivotPoint>(m.fields, "pivotPoint", kPositionX, kPositionY,
+                                                       kPositionZ);
+    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
+    m.fields.push_back(
+        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
+    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+    sphereOffsets<P>(m.fields);
+    all.push_back(std::move(m));
+  }
+  return all;
+}
+
+const ModeRules* rulesFor(int command) {
+  static const std::vector<ModeRules> all = buildRules();
+  for (const ModeRules& m : all)
+    if (m.command == command) return &m;
+  return nullptr;
+}
+
+unsigned long flagsOf(const DtVistralControlPdu& pdu) { return pdu.ignoreFlags() & 0xFFFFFFFFUL; }
+
+// How many list entries the image can hold past the list start: a stated count is believed no further.
+int entriesInImage(const DtVistralControlPdu& pdu, int listStart) {
+  return std::max(0, (pdu.length() - listStart) / kListStride);
+}
+
+// Edits the viewed group as a group or modeless PDU's lists say: a remove count of -1 replaces the whole
+// group with the entities to add.
+template <class P>
+void applyLists(DtEmulatorState& state, const P& pdu, int listStart) {
+  std::vector<std::string>& group = state.view.group;
+  const int room = entriesInImage(pdu, listStart);
+  const int removes = pdu.numEntitiesToRemove();
+  if (removes == -1) {
+    group.clear();
+  } else {
+    for (int i = 0; i < std::min(removes, room); ++i) {
+      const std::string name = pdu.entityToRemove(i).c_str();
+      group.erase(std::remove(group.begin(), group.end(), name), group.end());
+    }
+  }
+  const int skipped = removes > 0 ? std::min(removes, room) : 0;
+  const int adds = std::min(pdu.numEntitiesToAdd(), room - skipped);
+  for (int i = 0; i < adds && group.size() < kMaxGroup; ++i) {
+    std::string name = pdu.entityToAdd(i).c_str();
+    if (std::find(group.begin(), group.end(), name) == group.end()) group.push_back(std::move(name));
+  }
+}
+
+constexpr int kGroupListStart = 188;
+constexpr int kModelessListStart = 292;
+
+}  // namespace
+
+bool isMode(int command) { return command != DtVcModeless && rulesFor(command) != nullptr; }
+
+bool applyMode(DtEmulatorState& state, const DtVistralControlPdu& pdu) {
+  const ModeRules* rules = rulesFor(pdu.viewerCommand());
+  if (rules == nullptr || !rules->carries(pdu)) return false;
+  state.view.mode = rules->command;
+  DtEmulatorModeState& mode = state.view.modes[rules->command];
+  const unsigned long flags = flagsOf(pdu);
+  for (const FieldRule& field : rules->fields)
+    if ((flags & field.bit) == 0) mode.fields[field.name] = field.read(pdu);
+  if (const auto* group = dynamic_cast<const DtGroupVCPdu*>(&pdu)) applyLists(state, *group, kGroupListStart);
+  return true;
+}
+
+void applyModeless(DtEmulatorState& state, const DtModelessVCPdu& pdu) {
+  const unsigned long flags = flagsOf(pdu);
+  if ((flags & DtVcIgnore::FirstEntity) == 0) state.view.primary = pdu.primary().c_str();
+  if ((flags & DtVcIgnore::SecondEntity) == 0) state.view.secondary = pdu.secondary().c_str();
+  if ((flags & DtVcIgnore::GroupLists) == 0) applyLists(state, pdu, kModelessListStart);
+}
+
+void applyMove(DtEmulatorState& state, const DtMoveVCPdu& pdu) {
+  DtEmulatorEye& eye = state.view.eye;
+  if (pdu.reset()) {
+    const int resets = eye.resets + 1;
+    eye = DtEmulatorEye{};
+    eye.resets = resets;
+  }
+  const unsigned long flags = flagsOf(pdu);
+  const DtVector64 position = pdu.position();
+  const DtTaitBryan orientation = pdu.orientation();
+  static const char* const kPosition[3] = {"position.x", "position.y", "position.z"};
+  static const char* const kOrientation[3] = {"orientation.psi", "orientation.theta", "orientation.phi"};
+  const unsigned long positionBits[3] = {kPositionX, kPositionY, kPositionZ};
+  const unsigned long angleBits[3] = {DtVcIgnore::Heading, DtVcIgnore::Pitch, DtVcIgnore::Roll};
+  for (int i = 0; i < 3; ++i) {
+    if ((flags & positionBits[i]) == 0) eye.fields[kPosition[i]] = position[i];
+    if ((flags & angleBits[i]) == 0) eye.fields[kOrientation[i]] = angle(orientation, i);
+  }
+  if ((flags & DtVcIgnore::Step) == 0) {
+    ++eye.steps;
+    eye.lastMove = pdu.move();
+    eye.lastTurn = pdu.turn();
+  }
+}
+
+std::unique_ptr<DtVistralControlPdu> modeReport(const DtEmulatorState& state) {
+  const ModeRules* rules = rulesFor(state.view.mode);
+  std::unique_ptr<DtVistralControlPdu> report(
+      DtNewViewControlPdu(static_cast<DtViewerCommand>(state.view.mode)));
+  if (rules == nullptr || report == nullptr || !rules->carries(*report)) return nullptr;
+  static const DtEmulatorModeState kNothingGiven;
+  const auto found = state.view.modes.find(rules->command);
+  const DtEmulatorModeState& mode = found == state.view.modes.end() ? kNothingGiven : found->second;
+  unsigned long unknown = 0;
+  for (const FieldRule& field : rules->fields) {
+    const auto value = mode.fields.find(field.name);
+    if (value != mode.fields.end()) {
+      field.write(*report, value->second);
+    } else {
+      unknown |= field.bit;
+    }
+  }
+  if (auto* group = dynamic_cast<DtGroupVCPdu*>(report.get())) {
+    const auto& members = state.view.group;
+    group->setNumEntitiesToRemove(0);
+    group->setNumEntitiesToAdd(static_cast<int>(members.size()));
+    for (std::size_t i = 0; i < members.size(); ++i)
+      group->setEntityToAdd(static_cast<int>(i), DtString(members[i]));
+  }
+  report->setIgnoreFlags(unknown);
+  report->setStatusCommand(true);
+  return report;
+}
+
+// ---- options ---------------------------------------------------------------------------------------------
+
+namespace {
+struct OptionRule {
+  int option;
+  const char* name;
+  DtEmulatorValue (*read)(const DtOptionsPdu&);
+};
+
+const char* videoCaptureName(int command) {
+  static const char* const kNames[] = {"stop", "pause", "unpause", "record"};
+  return command >= 0 && command < 4 ? kNames[command] : "unknown";
+}
+
+#define VISTRAL_OPTION(option, name, expression)                                      \
+  OptionRule {                                                                        \
+    option, name, [](const DtOptionsPdu& p) -> DtEmulatorValue { return expression; } \
+  }
+#define VISTRAL_FLAG(option, name, getter) VISTRAL_OPTION(option, name, bool(p.getter()))
+#define VISTRAL_NUMBER(option, name, getter) VISTRAL_OPTION(option, name, static_cast<double>(p.getter()))
+#define VISTRAL_TEXT(option, name, getter) VISTRAL_OPTION(option, name, std::string(p.getter().c_str()))
+
+using O = DtOptionsPdu;
+const OptionRule kOptions[] = {
+    VISTRAL_OPTION(DtVistralOverlay, "overlay", std::string(DtEnumString(p.overlay()))),
+    VISTRAL_NUMBER(DtVistralLocatorRange, "locatorRange", locatorRange),
+    VISTRAL_OPTION(DtVistralSmoothing, "smoothing", std::string(DtEnumString(p.smoothing()))),
+    VISTRAL_NUMBER(DtVistralSmoothingPeriod, "smoothingPeriod", smoothingPeriod),
+    VISTRAL_FLAG(DtVistralSound, "sound", sound),
+    VISTRAL_FLAG(DtVistralEntityLabels, "entityLabels", entityLabels),
+    VISTRAL_FLAG(DtVistralTrailingEffects, "trailingEffects", trailingEffects),
+    VISTRAL_FLAG(DtVistralTrajectoryHistory, "trajectoryHistory", trajectoryHistory),
+    VISTRAL_FLAG(DtVistralRecording, "recording", recording),
+    VISTRAL_OPTION(DtVistralAggregateLevel, "aggregateLevel", static_cast<long long>(p.aggregateLevel())),
+    VISTRAL_FLAG(DtVistralAggregateHighestOnly, "aggregateHighestOnly", aggregateHighestOnly),
+    VISTRAL_FLAG(DtVistralAggregatesAltitudeControlled, "aggregatesAltitudeControlled",
+                 aggregatesAltitudeControlled),
+    VISTRAL_FLAG(DtVistralNestedAggregates, "nestedAggregates", nestedAggregates),
+    VISTRAL_FLAG(DtVistralNestedEntities, "nestedEntities", nestedEntities),
+    VISTRAL_FLAG(DtVistralGroundClamping, "groundClamping", groundClamping),
+    VISTRAL_NUMBER(DtVistralClampRange, "clampRange", clampRange),
+    VISTRAL_FLAG(DtVistralFollowGround, "followGround", followGround),
+    VISTRAL_FLAG(DtVistralConstrainWithFloor, "constrainWithFloor", constrainWithFloor),
+    VISTRAL_NUMBER(DtVistralFloor, "floor", floor),
+    VISTRAL_NUMBER(DtVistralTimeOfDay, "timeOfDay", timeOfDay),
+    VISTRAL_NUMBER(DtVistralNearClip, "nearClip", nearClip),
+    VISTRAL_NUMBER(DtVistralFarClip, "farClip", farClip),
+    VISTRAL_NUMBER(DtVistralFov, "fov", fov),
+    VISTRAL_FLAG(DtVistralFog, "fog", fog),
+    VISTRAL_NUMBER(DtVistralNearFog, "nearFog", nearFog),
+    VISTRAL_NUMBER(DtVistralFarFog, "farFog", farFog),
+    VISTRAL_FLAG(DtVistralTexture, "texture", texture),
+    VISTRAL_TEXT(DtVistralDatabaseToLoad, "databaseToLoad", databaseToLoad),
+    VISTRAL_NUMBER(O::DtVistralStepsize, "stepsize", stepsize),
+    VISTRAL_NUMBER(O::DtVistralTurnrate, "turnrate", turnrate),
+    VISTRAL_TEXT(O::DtVistralDate, "date", date),
+    VISTRAL_FLAG(O::DtVistralXREnabled, "xrEnabled", xrEnabled),
+    VISTRAL_FLAG(O::DtVistralHATenabled, "hatLabels", hatEnabled),
+    VISTRAL_TEXT(O::DtVistralSetCurrentModelSet, "currentModelSet", currentModelSet),
+    VISTRAL_TEXT(O::DtVistralSetCurrentTextureSet, "currentTextureSet", currentTextureSet),
+    VISTRAL_NUMBER(O::DtVistralTerrainScale, "terrainScale", terrainScale),
+    VISTRAL_NUMBER(O::DtVistralObjectScale, "objectScale", objectScale),
+    VISTRAL_FLAG(O::DtVistralClouds, "clouds", clouds),
+    VISTRAL_FLAG(O::DtVistralSkyDome, "skyDome", skyDome),
+    VISTRAL_FLAG(O::DtVistralMirroring, "mirroring", mirroring),
+    VISTRAL_FLAG(O::DtVistralMirrorMessageEveryFrame, "mirrorMessageEveryFrame", mirrorMessageEveryFrame),
+    VISTRAL_FLAG(O::DtVistralBroadcasting, "broadcasting", broadcasting),
+    VISTRAL_FLAG(O::DtVistralClusteringLabels, "clusteringLabels", clusteringLabels),
+    VISTRAL_FLAG(O::DtVistralTacticalGraphicsLabels, "tacticalGraphicsLabels", tacticalGraphicsLabels),
+    VISTRAL_FLAG(O::DtVistralTacticalGraphics, "tacticalGraphics", tacticalGraphics),
+    VISTRAL_FLAG(O::DtVistralShowAggregates, "showAggregates", showAggregates),
+    VISTRAL_FLAG(O::DtVistralShowEmitters, "showEmitters", showEmitters),
+    VISTRAL_OPTION(O::DtVistralVideoCaptureCommand, "videoCapture",
+                   std::string(videoCaptureName(p.videoCaptureCommand()))),
+    VISTRAL_TEXT(O::DtVistralVideoCaptureFilename, "videoCaptureFilename", videoCaptureFilename),
+    VISTRAL_TEXT(O::DtVistralVideoCaptureDirectory, "videoCaptureDirectory", videoCaptureDirectory),
+    VISTRAL_TEXT(O::DtVistralVideoCaptureFilenameBase, "videoCaptureFilenameBase", videoCaptureFilenameBase),
+    VISTRAL_FLAG(O::DtVistralVideoCaptureRecordInsets, "videoCaptureRecordInsets", videoCaptureRecordInsets),
+    VISTRAL_OPTION(O::DtVistralVideoCaptureFramesPerSecond, "videoCaptureFramesPerSecond",
+                   static_cast<long long>(p.videoCaptureFramesPerSecond())),
+    VISTRAL_FLAG(O::DtVistralConstrainToAll, "constrainToAll", constrainedToAll),
+    VISTRAL_NUMBER(O::DtVistralBlockedDistance, "blockedDistance", blockedDistance),
+    VISTRAL_FLAG(O::DtVistralUseNearClipForBlockedDistance, "useNearClipForBlockedDistance",
+                 useNearClipForBlockedDistance),
+    VISTRAL_TEXT(O::DtVistralFeatureFilename, "featureFilename", featureFilename),
+    VISTRAL_OPTION(O::DtVistralFeatureCommand, "featureCommand",
+                   std::string(p.featureCommand() == DtVistralControlFeatureLoad    ? "load"
+                               : p.featureCommand() == DtVistralControlFeatureClear ? "clear"
+                                                                                    : "unknown")),
+};
+
+#undef VISTRAL_TEXT
+#undef VISTRAL_NUMBER
+#undef VISTRAL_FLAG
+#undef VISTRAL_OPTION
+
+// One-shot actions: the viewer counts how often each was asked for.
+struct ActionRule {
+  int option;
+  const char* name;
+};
+const ActionRule kActions[] = {
+    {O::DtVistralIncStepsize, "incrementStepsize"},
+    {O::DtVistralIncTurnrate, "incrementTurnrate"},
+    {O::DtVistralDecStepsize, "decrementStepsize"},
+    {O::DtVistralDecTurnrate, "decrementTurnrate"},
+    {O::DtVistralNextModelSet, "nextModelSet"},
+    {O::DtVistralPrevModelSet, "previousModelSet"},
+    {O::DtVistralNextTextureSet, "nextTextureSet"},
+    {O::DtVistralPrevTextureSet, "previousTextureSet"},
+    {O::DtVistralExit, "exit"},
+};
+}  // namespace
+
+void applyOptions(DtEmulatorState& state, const DtOptionsPdu& pdu) {
+  for (const OptionRule& rule : kOptions)
+    if (pdu.optionPresent(static_cast<DtVistralOption>(rule.option)))
+      state.options[rule.name] = rule.read(pdu);
+  for (const ActionRule& rule : kActions) {
+    if (!pdu.optionPresent(static_cast<DtVistralOption>(rule.option))) continue;
+    DtEmulatorValue& count = state.options[rule.name];
+    const long long* before = std::get_if<long long>(&count);
+    count = (before ? *before : 0) + 1;
+  }
+}
+
+}  // namespace vistralemulator

@@ -1,0 +1,118 @@
+#include "vistralemulator/vistralEmulator.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "emulatorApply.h"
+#include "tarvex/dtExerciseConn.h"
+#include "tarvex/dtInteractionDecoder.h"
+#include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/modelessVcPdu.h"
+#include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/optionsPdu.h"
+#include "vistralcontrol/vistralControlRegister.h"
+#include "vistralcontrol/vistralDrawControlPdu.h"
+
+namespace {
+const DtString kEveryViewer("0:0:0");
+}
+
+DtVistralEmulator::DtVistralEmulator(DtExerciseConn* conn, const DtString& viewerId)
+    : viewerId_(viewerId), conn_(conn) {
+  listen();
+}
+
+DtVistralEmulator::DtVistralEmulator(const char* executionName, const DtString& viewerId, const char* fedFile)
+    : viewerId_(viewerId),
+      ownedConn_(
+          std::make_unique<DtExerciseConn>(executionName, viewerId.c_str(), fedFile, nullptr, nullptr)) {
+  conn_ = ownedConn_.get();
+  listen();
+}
+
+DtVistralEmulator::DtVistralEmulator(const DtString& viewerId) : viewerId_(viewerId) {
+  state_.viewerId = viewerId_.str();
+}
+
+void DtVistralEmulator::listen() {
+  state_.viewerId = viewerId_.str();
+  if (conn_ == nullptr) return;
+  DtVistralControlRegister(conn_);
+  DtVistralControlInteraction::addCallback(conn_, &DtVistralEmulator::received, this);
+}
+
+DtVistralEmulator::~DtVistralEmulator() {
+  if (conn_ != nullptr)
+    DtVistralControlInteraction::removeCallback(conn_, &DtVistralEmulator::received, this);
+}
+
+int DtVistralEmulator::processIncoming() { return conn_ != nullptr ? conn_->processIncoming() : 0; }
+
+void DtVistralEmulator::received(DtVistralControlInteraction* inter, void* usr) {
+  // An interaction whose value was not a control PDU carries none.
+  if (const DtVistralControlPdu* pdu = inter->vcPdu()) static_cast<DtVistralEmulator*>(usr)->apply(*pdu);
+}
+
+void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t length) {
+  // Laid into the zero-tailed buffer that received values go through, as a decoder hands them over: whatever
+  // the image's header states, nothing past the bytes given is read. No header states more than its maximum.
+  const std::size_t kept = std::min(length, static_cast<std::size_t>(DtPdu::kMaxLength) + 1);
+  char* image = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(kept));
+  if (kept > 0) std::memcpy(image, bytes, kept);
+  std::unique_ptr<DtPdu> made(
+      DtVistralControlPdu::createFromNet(reinterpret_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
+  if (const auto* pdu = dynamic_cast<const DtVistralControlPdu*>(made.get())) {
+    apply(*pdu);
+  } else {
+    ++state_.counters.received;
+    ++state_.counters.ignored;
+  }
+}
+
+void DtVistralEmulator::apply(const DtVistralControlPdu& pdu) {
+  using namespace vistralemulator;
+  ++state_.counters.received;
+  // Draw PDUs carry whatever viewer id their object was given: a viewer draws them all.
+  if (const auto* draw = dynamic_cast<const DtVistralDrawControlPdu*>(&pdu)) {
+    applyDraw(state_, *draw);
+    return;
+  }
+  const DtString& addressed = pdu.viewerId();
+  const int command = pdu.viewerCommand();
+  // Status forms are other viewers' reports, not commands.
+  if ((addressed != viewerId_ && addressed != kEveryViewer) || pdu.statusCommand()) {
+    ++state_.counters.ignored;
+    return;
+  }
+  bool applied = true;
+  if (command == DtVcRequestState) {
+    answer();
+  } else if (const auto* options = dynamic_cast<const DtOptionsPdu*>(&pdu)) {
+    applyOptions(state_, *options);
+  } else if (const auto* move = dynamic_cast<const DtMoveVCPdu*>(&pdu)) {
+    applyMove(state_, *move);
+  } else if (const auto* modeless = dynamic_cast<const DtModelessVCPdu*>(&pdu)) {
+    applyModeless(state_, *modeless);
+  } else {
+    applied = isMode(command) && applyMode(state_, pdu);
+  }
+  if (!applied) ++state_.counters.ignored;
+}
+
+std::unique_ptr<DtVistralControlPdu> DtVistralEmulator::stateReport() const {
+  std::unique_ptr<DtVistralControlPdu> report = vistralemulator::modeReport(state_);
+  if (report) {
+    report->setViewerId(viewerId_);
+    report->setSenderId(viewerId_);
+  }
+  return report;
+}
+
+void DtVistralEmulator::answer() {
+  const std::unique_ptr<DtVistralControlPdu> report = stateReport();
+  if (!report) return;
+  // Without a federation the answer is only counted; a connection that refuses it has not answered.
+  DtVistralControlInteraction inter;
+  inter.setVcPdu(*report);
+  if (conn_ == nullptr || conn_->sendInteraction(inter)) ++state_.counters.answered;
+}

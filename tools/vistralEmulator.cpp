@@ -1,0 +1,103 @@
+// A headless viewer on a federation: takes the control PDUs addressed to its viewer id, answers requests for
+// its state, and on leaving writes what it would show (SVG, PNG) and its whole state (JSON).
+//
+//   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
+//                   [--svg FILE] [--png FILE] [--json FILE] [--quiet]
+#include <chrono>
+#include <csignal>
+#include <iostream>
+#include <thread>
+
+#include "tarvex/dtCmdLine.h"
+#include "tarvex/dtException.h"
+#include "tarvex/dtExerciseConn.h"
+#include "vistralcontrol/hVistralControlInter.h"
+#include "vistralemulator/emulatorPicture.h"
+#include "vistralemulator/emulatorSnapshot.h"
+#include "vistralemulator/vistralEmulator.h"
+
+namespace {
+volatile std::sig_atomic_t theStop = 0;
+void stop(int) { theStop = 1; }
+
+void printArrival(DtVistralControlInteraction* inter, void*) {
+  const DtVistralControlPdu* pdu = inter->vcPdu();
+  if (pdu == nullptr) return;
+  const DtString viewer = pdu->viewerId();
+  std::cout << "received " << DtEmulatorModeName(pdu->viewerCommand()) << " for " << viewer << " from "
+            << pdu->senderId() << " (" << pdu->length() << " bytes)\n";
+}
+
+bool write(bool ok, const std::string& what, const std::string& path) {
+  std::cout << (ok ? "wrote " : "could not write ") << what << " " << path << "\n";
+  return ok;
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+  DtCmdLine cmd(
+      "vistralEmulator",
+      "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
+      "54.0");
+  const int viewer = cmd.addValue("viewer", "t", "NAME", "this viewer's id", "vistral-1");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
+                   "RTI 1.3 when one is built in)",
+                   "VistralControl");
+  const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
+  const int seconds = cmd.addValue("seconds", "s", "N", "run for N seconds (0: until interrupted)", "0");
+  const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");
+  const int png = cmd.addValue("png", "", "FILE", "write the picture as PNG on leaving", "");
+  const int json = cmd.addValue("json", "", "FILE", "write the state snapshot as JSON on leaving", "");
+  const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
+  switch (cmd.parse(argc, argv)) {
+    case DtCmdLine::Result::Help:
+      cmd.printUsage(std::cout);
+      return 0;
+    case DtCmdLine::Result::Version:
+      cmd.printVersion(std::cout);
+      return 0;
+    case DtCmdLine::Result::Error:
+      cmd.printParseError(std::cerr);
+      return 2;
+    case DtCmdLine::Result::Ok:
+      break;
+  }
+  char* end = nullptr;
+  const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
+  if (*end != '\0' || runFor < 0) {
+    std::cerr << "PARSE ERROR: '" << cmd.value(seconds) << "' is not a number of seconds\n";
+    return 2;
+  }
+  std::signal(SIGINT, &stop);
+  std::signal(SIGTERM, &stop);
+  try {
+    const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
+    DtVistralEmulator emulator(cmd.value(federation).c_str(), cmd.value(viewer), fedFile);
+    if (!cmd.isSet(quiet))
+      DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
+    std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(runFor);
+    while (theStop == 0 && (runFor == 0 || std::chrono::steady_clock::now() < deadline)) {
+      if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    if (!cmd.isSet(quiet))
+      DtVistralControlInteraction::removeCallback(emulator.connection(), &printArrival, nullptr);
+    const DtEmulatorState& state = emulator.state();
+    std::cout << "leaving in " << DtEmulatorModeName(state.view.mode) << " with " << state.objects.size()
+              << " objects, " << state.counters.received << " PDUs received, " << state.counters.answered
+              << " state reports sent\n";
+    bool ok = true;
+    if (!cmd.value(svg).empty())
+      ok &= write(DtWriteEmulatorPicture(state, cmd.value(svg)), "picture", cmd.value(svg));
+    if (!cmd.value(png).empty())
+      ok &= write(DtWriteEmulatorPicture(state, cmd.value(png)), "picture", cmd.value(png));
+    if (!cmd.value(json).empty())
+      ok &= write(DtWriteEmulatorSnapshot(state, cmd.value(json)), "snapshot", cmd.value(json));
+    return ok ? 0 : 1;
+  } catch (const DtException& e) {
+    std::cerr << e.what() << "\n";
+    return 1;
+  }
+}
