@@ -40,9 +40,8 @@ void printDrawn(DtVistralControlInteraction* inter, void*) {
 }
 }  // namespace
 
-bool drawingScene(DtExerciseConn& viewer) {
+bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDrawn) {
   using Seg = DtVdcLineSegment;
-  std::cout << "\n===== Drawing: a remote drawer builds a scene in the viewer =====\n";
   DtVistralControlInteraction::addCallback(&viewer, &printDrawn, nullptr);
   int sent = 0;
   {
@@ -65,7 +64,7 @@ bool drawingScene(DtExerciseConn& viewer) {
                                      Seg::DtVdcSegmentNoArrow, 2, 0xFFFFFFFF, false));
     const unsigned route = drawer.nextId();
     drawer.add(new DtVdcLine3DObject(route, DtVdc3DAttachPoint(DtString("1:3001:12")),
-                                     DtVdc3DAttachPoint(DtVector64(-2476512.0, -4665431.0, 3588000.0)), 3,
+                                     DtVdc3DAttachPoint(DtVector64(300.0, -200.0, 0.0)), 3,
                                      DtVector64(0, 0, 5), DtVdcColor::DtVdcRed, Seg::DtVdcSegmentLightning,
                                      Seg::DtVdcSegmentArrowEnd, 3, 0xF0F0F0F0, false, true, false));
     drawer.addToLayer(route, layer);
@@ -80,7 +79,7 @@ bool drawingScene(DtExerciseConn& viewer) {
                                       DtVdcColor::DtVdcGreen, true, 0xFFFFFFFF, true));
     const unsigned frame = drawer.nextId();
     drawer.add(new DtVdcRectangleObject(frame, DtVdcVector2D(0.5, 0.5), DtVdcVector2D(0.4, 0.3), M_PI / 12,
-                                        DtVdcColor::DtVdcWhite, false, 0xFFFFFFFF, false));
+                                        DtVdcColor::DtVdcBlue, false, 0xFFFFFFFF, false));
     const unsigned box = drawer.nextId();
     drawer.add(new DtVdcCuboidObject(box, DtVdc3DAttachPoint(DtString("1:3001:12")), 10, 4, 3, DtVector64(),
                                      DtTaitBryan(), DtVdcColor::DtVdcPurple, false));
@@ -92,7 +91,7 @@ bool drawingScene(DtExerciseConn& viewer) {
 
     const unsigned title = drawer.nextId();
     drawer.add(
-        new DtVdcText2DObject(title, "EXERCISE 7", DtVdcVector2D(0.5, 0.95), DtVdcColor::DtVdcWhite, false));
+        new DtVdcText2DObject(title, "EXERCISE 7", DtVdcVector2D(0.5, 0.95), DtVdcColor::DtVdcBlue, false));
     const unsigned callsign = drawer.nextId();
     drawer.add(new DtVdcText3DObject(callsign, "Alpha-1", DtVdc3DAttachPoint(DtString("1:3001:12")),
                                      DtVector64(0, 0, 12), DtVdcColor::DtVdcYellow, false));
@@ -126,6 +125,7 @@ bool drawingScene(DtExerciseConn& viewer) {
     drawer.removeFromLayer(route, layer);
     step("the marker hidden and shown again, the crosshair removed, the route taken off the layer", 4);
 
+    if (whileDrawn) whileDrawn();
     std::cout << "\n--> the drawer goes; what it still holds is removed in ascending id order\n";
     sent += 11;  // one remove for each object still held; the layout's templates are its own, not held
   }

@@ -2,7 +2,10 @@
 // connection, which prints each PDU it receives.
 #pragma once
 
+#include <functional>
+
 class DtExerciseConn;
 
-// Returns whether the viewer received every PDU the drawer sent.
-bool drawingScene(DtExerciseConn& viewer);
+// Returns whether the viewer received every PDU the drawer sent. whileDrawn runs once the whole scene has
+// reached the viewer, before the drawer goes and takes it away.
+bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDrawn = {});

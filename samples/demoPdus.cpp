@@ -81,10 +81,11 @@ void addDrawPdus(std::vector<std::pair<const char*, std::unique_ptr<DtVistralCon
   area->setObjectId(904);
   area->setType(DtVdc3DArea);
   area->setNumPoints(4);
-  area->setPoint(0, DtVector64(-2476600, -4665500, 3588000));
-  area->setPoint(1, DtVector64(-2476400, -4665500, 3588000));
-  area->setPoint(2, DtVector64(-2476400, -4665300, 3588000));
-  area->setPoint(3, DtVector64(-2476600, -4665300, 3588000));
+  area->setPoint(0, DtVector64(-250, -250, 0));
+  area->setPoint(1, DtVector64(-150, -250, 0));
+  area->setPoint(2, DtVector64(-150, -150, 0));
+  area->setPoint(3, DtVector64(-250, -150, 0));
+  area->setColor(kCyan);
   area->setTextureFilename("minefield.png");
   area->setTextureDirectory("textures");
   area->setNumTextureTiles(2);

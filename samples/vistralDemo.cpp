@@ -5,10 +5,10 @@
 // Part 2: a remote controller steers the viewer through each viewing mode and asks it, after each, which mode
 // it is in; the viewer answers with the status form of its mode and the parameters it keeps, which reach the
 // controller's callback.
-// Part 3: an overlay scene is drawn, changed, layered, hidden and shown; the viewer then writes what it would
-// show (vistralDemo.svg, vistralDemo.png) and its whole state (vistralDemo.json) into the directory given as
-// the first argument (default: the current one).
-// Part 4: a remote drawer builds, changes and removes a scene of drawing objects in the same viewer.
+// Part 3: a remote drawer draws a scene of drawing objects into the viewer, changes, layers, hides and shows
+// them; with the scene drawn, the viewer writes what it would show (vistralDemo.svg, vistralDemo.png) and its
+// whole state (vistralDemo.json) into the directory given as the first argument (default: the current one);
+// then the drawer goes and takes the scene away.
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -16,7 +16,6 @@
 
 #include "demoDrawing.h"
 #include "demoPdus.h"
-#include "demoScene.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vistralControlRegister.h"
@@ -135,13 +134,11 @@ bool steeringSession(DtVistralEmulator& viewer) {
 // ---- Part 3 ----------------------------------------------------------------------------------------------
 
 bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
-  std::cout
-      << "\n===== Part 3: an overlay scene, drawn, changed and layered, and what the viewer shows =====\n";
+  std::cout << "\n===== Part 3: a remote drawer draws, changes, layers and removes a scene; what the viewer "
+               "shows =====\n";
+  // Orbit the entity the scene hangs on, so that the map shows the eye there.
   DtExerciseConn conn(kExecution, kController);
   DtVistralControlRegister(&conn);
-  const int sent = drawDemoScene(conn, kViewer, kController);
-  viewer.processIncoming();
-  // Back to orbit around the entity the scene hangs on, so that the map shows the eye there.
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
   const DtString lead("1:3001:12");
@@ -149,22 +146,27 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
   controller.setOrbitMode(&lead, &radius, &heading, nullptr, nullptr);
   viewer.processIncoming();
 
-  const DtEmulatorState& state = viewer.state();
-  int shown = 0;
-  for (const auto& entry : state.objects) shown += state.shown(entry.second) ? 1 : 0;
-  std::cout << sent << " draw PDUs sent; the viewer holds " << state.objects.size() << " objects, " << shown
-            << " of them shown, and is in " << DtEmulatorModeName(state.view.mode) << "\n";
-  bool ok = sent > 0;
-  for (const char* name : {"vistralDemo.svg", "vistralDemo.png"}) {
-    const std::string path = outDir + "/" + name;
-    const bool written = DtWriteEmulatorPicture(state, path);
-    std::cout << (written ? "wrote " : "could not write ") << path << "\n";
-    ok = ok && written;
-  }
-  const std::string json = outDir + "/vistralDemo.json";
-  const bool written = DtWriteEmulatorSnapshot(state, json);
-  std::cout << (written ? "wrote " : "could not write ") << json << "\n";
-  return ok && written;
+  bool written = false;
+  const auto writeWhatTheViewerShows = [&] {
+    const DtEmulatorState& state = viewer.state();
+    int shown = 0;
+    for (const auto& entry : state.objects) shown += state.shown(entry.second) ? 1 : 0;
+    std::cout << "\n--> the viewer holds " << state.objects.size() << " objects, " << shown
+              << " of them shown, and is in " << DtEmulatorModeName(state.view.mode) << "\n";
+    written = true;
+    for (const char* name : {"vistralDemo.svg", "vistralDemo.png"}) {
+      const std::string path = outDir + "/" + name;
+      const bool ok = DtWriteEmulatorPicture(state, path);
+      std::cout << (ok ? "wrote " : "could not write ") << path << "\n";
+      written = written && ok;
+    }
+    const std::string json = outDir + "/vistralDemo.json";
+    const bool ok = DtWriteEmulatorSnapshot(state, json);
+    std::cout << (ok ? "wrote " : "could not write ") << json << "\n";
+    written = written && ok;
+  };
+  const bool received = drawingScene(*viewer.connection(), writeWhatTheViewerShows);
+  return received && written;
 }
 }  // namespace
 
@@ -174,7 +176,5 @@ int main(int argc, char** argv) {
   const bool families = everyFamily(viewer);
   const bool session = steeringSession(viewer);
   const bool drawing = drawingSession(viewer, outDir);
-  // The remote drawer draws its own scene into the same viewer, and takes it away again when it goes.
-  const bool drawer = drawingScene(*viewer.connection());
-  return families && session && drawing && drawer ? 0 : 1;
+  return families && session && drawing ? 0 : 1;
 }
