@@ -24,8 +24,6 @@ namespace {
 const std::string kNotInFom =
     "Can't add decoders and encoders for interaction class ViewControl: Not in FOM.\n";
 
-Bytes imageOf(const DtPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
-
 // A registered connection of its own execution, and the decoder and handles it uses.
 struct Registered {
   explicit Registered(const char* exec) : conn(exec, "unit") {

@@ -30,6 +30,9 @@ inline Bytes be64(double v) {
   for (int i = 7; i >= 0; --i) out.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
   return out;
 }
+inline Bytes be32(std::uint32_t v) {
+  return bytes({int(v >> 24) & 0xff, int(v >> 16) & 0xff, int(v >> 8) & 0xff, int(v) & 0xff});
+}
 inline Bytes be32f(float v) {
   std::uint32_t bits;
   __builtin_memcpy(&bits, &v, sizeof v);
@@ -40,6 +43,8 @@ inline Bytes concat(std::initializer_list<Bytes> parts) {
   for (const Bytes& p : parts) out.insert(out.end(), p.begin(), p.end());
   return out;
 }
+
+inline Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
 
 // One dump line as DtDump... functions write it.
 inline std::string dumpLine(const std::string& label, const std::string& value) {
