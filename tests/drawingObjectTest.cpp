@@ -47,14 +47,6 @@ void expectHeader(const Wire& w, unsigned id, unsigned type, int attachment) {
   EXPECT_EQ(w.byte(168), attachment);
 }
 
-std::string thrown(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const DtException& e) {
-    return e.what();
-  }
-  return "nothing thrown";
-}
 }  // namespace
 
 TEST(DrawColor, HsvFollowsRgbAndBackWithTruncation) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "tarvex/dtDump.h"
+#include "tarvex/dtException.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
 using Bytes = std::vector<std::uint8_t>;
@@ -45,6 +47,16 @@ inline Bytes concat(std::initializer_list<Bytes> parts) {
 }
 
 inline Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
+
+// The text of the DtException a call throws.
+inline std::string thrown(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const DtException& e) {
+    return e.what();
+  }
+  return "nothing thrown";
+}
 
 // One dump line as DtDump... functions write it.
 inline std::string dumpLine(const std::string& label, const std::string& value) {

@@ -24,12 +24,6 @@ void fill(DtVdcAttributeUpdatePduBase& pdu) {
   pdu.setValueY(-8);
   pdu.setText("on");
 }
-
-template <class Current, class V0, class Base>
-void forBoth(Current& current, V0& v0, void (*f)(Base&)) {
-  f(current);
-  f(v0);
-}
 }  // namespace
 
 TEST(VdcAttribute, GoldenImagesAndTheRangeFlag) {
@@ -37,7 +31,8 @@ TEST(VdcAttribute, GoldenImagesAndTheRangeFlag) {
   DtVdcAttributePduV0 v0;
   EXPECT_EQ(imageOf(current), Image(408, 2570, true).b);
   EXPECT_EQ(imageOf(v0), Image(408, 2570, false).b);
-  forBoth<DtVdcAttributePdu, DtVdcAttributePduV0, DtVdcAttributePduBase>(current, v0, fill);
+  fill(current);
+  fill(v0);
   const Bytes range = concat({be64(-1.5), be64(2.25)});
   EXPECT_EQ(imageOf(current), Image(413, 2570, true)
                                   .put(158, bytes({1}))
@@ -125,7 +120,8 @@ TEST(VdcAttributeUpdate, GoldenImagesTextFormsAndDumps) {
   DtVdcAttributeUpdatePduV0 v0;
   EXPECT_EQ(imageOf(current), Image(192, 2580, true).b);
   EXPECT_EQ(imageOf(v0), Image(196, 2580, false).b);
-  forBoth<DtVdcAttributeUpdatePdu, DtVdcAttributeUpdatePduV0, DtVdcAttributeUpdatePduBase>(current, v0, fill);
+  fill(current);
+  fill(v0);
   const Bytes values = concat({be64(1.25), be64(-8)});
   EXPECT_EQ(imageOf(current),
             Image(194, 2580, true)
