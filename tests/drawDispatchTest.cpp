@@ -18,36 +18,38 @@
 
 namespace {
 // A received draw image: command, and the mark with a version when version >= 0.
-std::unique_ptr<DtPdu> receive(unsigned command, int version, bool fromNet, unsigned objectIdAt152 = 0) {
+std::unique_ptr<DtPdu> receive(unsigned command, int version, bool fromNet) {
   Image img(400, command, false);
   if (version >= 0) img.put(152, concat({be32(0x600DF00D), be16(static_cast<unsigned>(version))}));
-  if (objectIdAt152 != 0) img.put(152, be32(objectIdAt152)).put(156, be32(DtVdc2DLine));
   ReceivedImage image(img.b);
   return std::unique_ptr<DtPdu>(fromNet ? DtVistralControlPdu::createFromNet(image.header(), nullptr, nullptr)
                                         : DtVistralControlPdu::create(image.header(), nullptr, nullptr));
 }
 
-struct Row {
+// Each family: its viewer command, the types that build it, and its classes in the current and version-0
+// layouts.
+struct Family {
   unsigned command;
+  int first, last;
   const std::type_info& current;
   const std::type_info& v0;
 };
-const Row kRows[] = {
-    {2510, typeid(DtVdcCommandPdu), typeid(DtVdcCommandPduV0)},
-    {2520, typeid(DtVdcLinePdu), typeid(DtVdcLinePduV0)},
-    {2530, typeid(DtVdcLinePdu), typeid(DtVdcSegmentedLinePduV0)},
-    {2540, typeid(DtVdcPolyObjectPdu), typeid(DtVdcPolyObjectPduV0)},
-    {2550, typeid(DtVdcTrianglePdu), typeid(DtVdcTrianglePduV0)},
-    {2553, typeid(DtVdcAreaPdu), typeid(DtVdcAreaPduV0)},
-    {2560, typeid(DtVdcTextPdu), typeid(DtVdcTextPduV0)},
-    {2570, typeid(DtVdcAttributePdu), typeid(DtVdcAttributePduV0)},
-    {2580, typeid(DtVdcAttributeUpdatePdu), typeid(DtVdcAttributeUpdatePduV0)},
-    {2590, typeid(DtVdcLayerPdu), typeid(DtVdcLayerPduV0)},
+const Family kFamilies[] = {
+    {2510, 2511, 2515, typeid(DtVdcCommandPdu), typeid(DtVdcCommandPduV0)},
+    {2520, 2521, 2522, typeid(DtVdcLinePdu), typeid(DtVdcLinePduV0)},
+    {2530, 2531, 2532, typeid(DtVdcLinePdu), typeid(DtVdcSegmentedLinePduV0)},
+    {2540, 2541, 2545, typeid(DtVdcPolyObjectPdu), typeid(DtVdcPolyObjectPduV0)},
+    {2550, 2551, 2552, typeid(DtVdcTrianglePdu), typeid(DtVdcTrianglePduV0)},
+    {2553, 2555, 2555, typeid(DtVdcAreaPdu), typeid(DtVdcAreaPduV0)},
+    {2560, 2561, 2562, typeid(DtVdcTextPdu), typeid(DtVdcTextPduV0)},
+    {2570, 2571, 2577, typeid(DtVdcAttributePdu), typeid(DtVdcAttributePduV0)},
+    {2580, 2581, 2583, typeid(DtVdcAttributeUpdatePdu), typeid(DtVdcAttributeUpdatePduV0)},
+    {2590, 2590, 2590, typeid(DtVdcLayerPdu), typeid(DtVdcLayerPduV0)},
 };
 }  // namespace
 
 TEST(DrawDispatch, MarkAndVersionChooseTheTable) {
-  for (const Row& row : kRows) {
+  for (const Family& row : kFamilies) {
     SCOPED_TRACE(row.command);
     EXPECT_EQ(typeid(*receive(row.command, 1, false)), row.current);
     EXPECT_EQ(typeid(*receive(row.command, 7, false)), row.current);  // any non-zero version
@@ -82,31 +84,13 @@ TEST(DrawDispatch, BuildersByTypeKeepTheirAsymmetries) {
     return std::unique_ptr<DtVistralControlPdu>(v0 ? DtNewDrawControlPduV0(static_cast<DtViewerCommand>(type))
                                                    : DtNewDrawControlPdu(static_cast<DtViewerCommand>(type)));
   };
-  // Each type of a family builds its class with the type set (a current segmented line as a plain line of its
-  // dimension, no version-0 area); family numbers and every number between the families build nothing.
-  struct Family {
-    int first, last;
-    const std::type_info& current;
-    const std::type_info& v0;
-  };
-  const Family families[] = {
-      {2511, 2515, typeid(DtVdcCommandPdu), typeid(DtVdcCommandPduV0)},
-      {2521, 2522, typeid(DtVdcLinePdu), typeid(DtVdcLinePduV0)},
-      {2531, 2532, typeid(DtVdcLinePdu), typeid(DtVdcSegmentedLinePduV0)},
-      {2541, 2545, typeid(DtVdcPolyObjectPdu), typeid(DtVdcPolyObjectPduV0)},
-      {2551, 2552, typeid(DtVdcTrianglePdu), typeid(DtVdcTrianglePduV0)},
-      {2555, 2555, typeid(DtVdcAreaPdu), typeid(void)},
-      {2561, 2562, typeid(DtVdcTextPdu), typeid(DtVdcTextPduV0)},
-      {2571, 2577, typeid(DtVdcAttributePdu), typeid(DtVdcAttributePduV0)},
-      {2581, 2583, typeid(DtVdcAttributeUpdatePdu), typeid(DtVdcAttributeUpdatePduV0)},
-      {2590, 2590, typeid(DtVdcLayerPdu), typeid(DtVdcLayerPduV0)},
-      {2600, 2599, typeid(void), typeid(void)},  // the end: only the numbers before it are checked
-  };
   const auto typeOf = [](const DtVistralControlPdu& pdu) {
     return dynamic_cast<const DtVistralDrawControlPdu&>(pdu).type();
   };
+  // Each type of a family builds its class with the type set (a current segmented line as a plain line of its
+  // dimension, no version-0 area); family numbers and every number between the families build nothing.
   int type = DtVdcUndefined;
-  for (const Family& f : families) {
+  for (const Family& f : kFamilies) {
     for (; type < f.first; ++type) {
       EXPECT_EQ(make(type, false), nullptr) << type;
       EXPECT_EQ(make(type, true), nullptr) << type;
@@ -115,8 +99,8 @@ TEST(DrawDispatch, BuildersByTypeKeepTheirAsymmetries) {
       auto current = make(type, false), v0 = make(type, true);
       ASSERT_NE(current, nullptr) << type;
       EXPECT_EQ(typeid(*current), f.current) << type;
-      EXPECT_EQ(typeOf(*current), static_cast<unsigned>(f.first == 2531 ? type - 10 : type));
-      if (f.v0 == typeid(void)) {
+      EXPECT_EQ(typeOf(*current), static_cast<unsigned>(f.command == 2530 ? type - 10 : type));
+      if (f.command == 2553) {
         EXPECT_EQ(v0, nullptr);
         continue;
       }
@@ -125,6 +109,7 @@ TEST(DrawDispatch, BuildersByTypeKeepTheirAsymmetries) {
       EXPECT_EQ(typeOf(*v0), static_cast<unsigned>(type));
     }
   }
+  for (int after : {2591, 2599}) EXPECT_EQ(make(after, false), nullptr) << after;
   // The general builder falls through to the draw table; modeless stays a hole.
   std::unique_ptr<DtVistralControlPdu> hide(DtNewVistralControlPdu(static_cast<DtViewerCommand>(2512)));
   ASSERT_NE(hide, nullptr);
