@@ -6,8 +6,9 @@
 #include <string>
 
 #include "vcTestSupport.h"
-#include "vdcImage.h"
 
+inline Bytes be16(unsigned v) { return bytes({int(v >> 8) & 0xff, int(v) & 0xff}); }
+inline Bytes chars(const std::string& text) { return Bytes(text.begin(), text.end()); }
 inline Bytes be64v(double x, double y, double z) { return concat({be64(x), be64(y), be64(z)}); }
 
 struct Image {
@@ -29,4 +30,16 @@ struct Image {
   Bytes b;
 };
 
-inline Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
+// The dump's last lines: what a subclass adds after its base's lines.
+inline bool endsWith(const std::string& text, const std::string& tail) {
+  return text.size() >= tail.size() && text.compare(text.size() - tail.size(), tail.size(), tail) == 0;
+}
+
+// A received copy of the PDU with a u32 field overwritten (a hostile length, say).
+template <class T>
+T withU32(const T& pdu, int offset, std::uint32_t value) {
+  ReceivedImage image(pdu);
+  const Bytes field = be32(value);
+  std::copy(field.begin(), field.end(), image.storage.begin() + offset);
+  return T(image.vc(), nullptr, nullptr);
+}

@@ -26,9 +26,6 @@
 namespace {
 using Seg = DtVdcLineSegment;
 
-Bytes be32(unsigned v) {
-  return bytes({int(v >> 24) & 255, int(v >> 16) & 255, int(v >> 8) & 255, int(v) & 255});
-}
 Bytes vec64(double x, double y, double z) { return concat({be64(x), be64(y), be64(z)}); }
 Bytes vec32(float x, float y, float z) { return concat({be32f(x), be32f(y), be32f(z)}); }
 
@@ -50,14 +47,6 @@ void expectHeader(const Wire& w, unsigned id, unsigned type, int attachment) {
   EXPECT_EQ(w.byte(168), attachment);
 }
 
-std::string thrown(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const DtException& e) {
-    return e.what();
-  }
-  return "nothing thrown";
-}
 }  // namespace
 
 TEST(DrawColor, HsvFollowsRgbAndBackWithTruncation) {

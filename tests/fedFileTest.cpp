@@ -6,6 +6,7 @@
 #include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "tarvex/dtFedFile.h"
+#include "testSupport.h"
 
 TEST(FedFile, ShippedFomDeclaresViewControlWithItsOneParameter) {
   const DtFedFile fed = DtFedFile::read(VISTRAL_FOM_DIR "/ViewControl.fed");
@@ -74,23 +75,14 @@ TEST(FedFile, MalformedFilesAreExceptionsNamingFileAndLine) {
       {deep.c_str(), 1, "lists nested too deeply"},
   };
   for (const Case& c : cases) {
-    try {
-      DtFedFile::parse(c.text, "test.fed");
-      ADD_FAILURE() << "accepted: " << c.text;
-    } catch (const DtException& e) {
-      const std::string expected = "FED file test.fed, line " + std::to_string(c.line) + ": " + c.problem;
-      EXPECT_NE(std::string(e.what()).find(expected), std::string::npos)
-          << e.what() << "\nexpected: " << expected;
-    }
+    const std::string expected = "FED file test.fed, line " + std::to_string(c.line) + ": " + c.problem;
+    const std::string what = thrown([&] { (void)DtFedFile::parse(c.text, "test.fed"); });
+    EXPECT_NE(what.find(expected), std::string::npos) << what << "\nexpected: " << expected;
   }
-
-  try {
-    DtFedFile::read("/nonexistent/dir/missing.fed");
-    ADD_FAILURE() << "read a missing file";
-  } catch (const DtException& e) {
-    EXPECT_NE(std::string(e.what()).find("Cannot read FED file /nonexistent/dir/missing.fed"),
-              std::string::npos);
-  }
+  EXPECT_NE(thrown([] {
+              (void)DtFedFile::read("/nonexistent/dir/missing.fed");
+            }).find("Cannot read FED file /nonexistent/dir/missing.fed"),
+            std::string::npos);
   // A connection given a bad FED file reports it and joins nothing.
   EXPECT_THROW(DtExerciseConn("FedFileBad", "reader", nullptr, "/nonexistent/dir/missing.fed"), DtException);
 }

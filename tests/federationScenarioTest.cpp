@@ -123,7 +123,6 @@ std::vector<std::unique_ptr<DtVistralControlPdu>> samplePdus() {
 }
 
 std::string typeOf(const DtVistralControlPdu& pdu) { return typeid(pdu).name(); }
-Bytes imageOf(const DtVistralControlPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
 }  // namespace
 
 TEST(FederationScenario, EveryOtherFederateReceivesEachPduInOrderNeverTheSender) {

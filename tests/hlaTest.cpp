@@ -4,7 +4,6 @@
 
 #include <cstring>
 #include <memory>
-#include <random>
 #include <sstream>
 #include <typeinfo>
 
@@ -23,8 +22,6 @@
 namespace {
 const std::string kNotInFom =
     "Can't add decoders and encoders for interaction class ViewControl: Not in FOM.\n";
-
-Bytes imageOf(const DtPdu& pdu) { return Bytes(pdu.packet(), pdu.packet() + pdu.length()); }
 
 // A registered connection of its own execution, and the decoder and handles it uses.
 struct Registered {
@@ -203,15 +200,6 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   ASSERT_EQ(copy.vcPdu()->length(), 60000);
   EXPECT_EQ(bytesAt(copy.vcPdu()->packet(), 12, 184), bytesAt(good.data(), 12, 184));
   EXPECT_EQ(copy.vcPdu()->u8At(59999), 0);
-
-  std::mt19937 random(5151);
-  for (int i = 0; i < 200; ++i) {
-    Bytes garbage(random() % 400);
-    for (auto& b : garbage) b = static_cast<std::uint8_t>(random());
-    if (garbage.size() > 2 && i % 2 == 0) garbage[2] = 202;
-    auto inter = r.decode(garbage);
-    if (inter->vcPdu() != nullptr) (void)inter->vcPdu()->viewerId();
-  }
 }
 
 TEST(ExerciseConn, BackendChoiceAndFomMapping) {
@@ -221,12 +209,8 @@ TEST(ExerciseConn, BackendChoiceAndFomMapping) {
   EXPECT_THROW(DtExerciseConn("Exec", "f", builtInFom, "inprocess", &ambassador), DtException);
   EXPECT_THROW(DtExerciseConn("", "f"), DtException);
   if (!DtExerciseConn::rtiBackendBuiltIn()) {
-    try {
-      DtExerciseConn("rti://127.0.0.1:1/Exec", "f");
-      ADD_FAILURE() << "an RTI connection without an RTI";
-    } catch (const DtException& e) {
-      EXPECT_NE(std::string(e.what()).find("-DVISTRAL_RTI13_ROOT"), std::string::npos) << e.what();
-    }
+    const std::string noRti = thrown([] { DtExerciseConn("rti://127.0.0.1:1/Exec", "f"); });
+    EXPECT_NE(noRti.find("-DVISTRAL_RTI13_ROOT"), std::string::npos) << noRti;
     EXPECT_THROW(DtExerciseConn("Exec", "f", builtInFom, "rti13", nullptr), DtException);
   }
   EXPECT_STREQ(DtExerciseConn("thread:///Exec", "f", builtInFom, "inprocess", nullptr).backendName(),

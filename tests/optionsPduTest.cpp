@@ -91,8 +91,6 @@ std::vector<OptionCase> everyOption() {
       {66, 1538, bytes({1}), [](O& p) { p.setFeatureCommand(DtVistralControlFeatureClear); }},
   };
 }
-
-Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
 }  // namespace
 
 TEST(Options, EveryOptionAtItsOffsetWithItsPresenceBit) {

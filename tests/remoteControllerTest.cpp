@@ -54,87 +54,6 @@ struct Steering : ::testing::Test {
 };
 }  // namespace
 
-TEST_F(Steering, ViewModesFillWhatIsGivenAndIgnoreTheRest) {
-  const DtString tank("tank 1"), truck("truck"), other("other");
-  const DtVector64 v(1, 2, 3);
-  const DtTaitBryan o(0.5, 0.25, 0.125);
-  const float r = 10, h = 20, p = 30, rate = 4;
-
-  struct Case {
-    std::function<void()> call;
-    int command;
-    unsigned long flags;
-  };
-  const Case cases[] = {
-      {[&] { controller.setAbsoluteMode(&v, &o); }, 0, 0xFFFFFFC0},
-      {[&] { controller.setAbsoluteMode(nullptr, nullptr); }, 0, 0xFFFFFFFF},
-      {[&] { controller.setTetherMode(&tank, &v, &o); }, 1, 0xFFEFFE07},
-      {[&] { controller.setCompassMode(&tank, &r, &h, &p); }, 2, 0xFFEFF9EF},
-      {[&] { controller.setMimicMode(&tank, &v); }, 3, 0xFFEF1FFF},
-      {[&] { controller.setTurretMode(&tank, &v); }, 4, 0xFFEF1FFF},
-      {[&] { controller.setOrbitMode(&tank, &r, &h, &p, &rate); }, 5, 0xFFEBFDE7},
-      {[&] { controller.setTrackMode(&truck, &v); }, 6, 0xFFEFFFF8},
-      {[&] { controller.setTetherTrackMode(&tank, &truck, &v); }, 7, 0xFFCF1FFF},
-      {[&] { controller.setMimicTrackMode(&tank, &truck, &v); }, 8, 0xFFCFFFF8},
-      {[&] { controller.setPivotMode(&v, &r, &h, &p); }, 12, 0xFFFFF9E8},
-      {[&] { controller.set(&v, &o); }, 13, 0xFFFFFFC0},
-      {[&] { controller.set(nullptr, &o); }, 13, 0xFFFFFFC7},
-      {[&] { controller.reset(); }, 13, 0xFFFFFFFF},
-      {[&] { controller.moveEyepoint(Controller::BACKWARDS); }, 13, 0xFEFFFFFF},
-      {[&] { controller.turnEyepoint(Controller::UP); }, 13, 0xFEFFFFFF},
-      {[&] { controller.setPrimary(tank); }, 10, 0x600000},
-      {[&] { controller.setSecondary(truck); }, 10, 0x500000},
-      {[&] { controller.setPrimarySecondary(tank, truck); }, 10, 0x400000},
-      {[&] { controller.setGroupMode(nullptr, &r, nullptr, &p); }, 9, 0xFFF7EFFF},
-  };
-  for (const Case& c : cases) {
-    const std::size_t before = sender.pdus.size();
-    c.call();
-    ASSERT_EQ(sender.pdus.size(), before + 1);
-    EXPECT_EQ(last().viewerCommand(), c.command);
-    EXPECT_EQ(last().ignoreFlags() & 0xFFFFFFFFUL, c.flags) << "command " << c.command;
-    EXPECT_EQ(last().viewerId(), "viewer-1");
-    EXPECT_EQ(last().senderId(), "ctl");
-  }
-}
-
-TEST_F(Steering, GroupListsAndGroupModes) {
-  const DtGlobalObjectDesignatorList list{"a", "b"};
-  controller.setGroup(list);
-  const auto& set = sender.last<DtModelessVCPdu>();
-  EXPECT_EQ(set.numEntitiesToRemove(), -1);
-  EXPECT_EQ(set.numEntitiesToAdd(), 2);
-  EXPECT_EQ(set.entityToAdd(1), "b");
-  EXPECT_EQ(set.ignoreFlags(), 0x300000UL);
-  EXPECT_EQ(set.length(), 292 + 2 * 64);
-
-  controller.setGroup(DtGlobalObjectDesignatorList());
-  EXPECT_EQ(sender.last<DtModelessVCPdu>().numEntitiesToAdd(), 0);
-  EXPECT_EQ(sender.last<DtModelessVCPdu>().numEntitiesToRemove(), -1);
-  controller.addToGroup(list);
-  EXPECT_EQ(sender.last<DtModelessVCPdu>().numEntitiesToRemove(), 0);
-  controller.removeFromGroup(list);
-  const auto& removed = sender.last<DtModelessVCPdu>();
-  EXPECT_EQ(removed.numEntitiesToRemove(), 2);
-  EXPECT_EQ(removed.numEntitiesToAdd(), 0);
-  EXPECT_EQ(removed.entityToRemove(0), "a");
-
-  const float radial = 5, heading = 6, pitch = 7;
-  controller.setWideGroupMode(&list, &radial, &heading, &pitch);
-  const auto& wide = sender.last<DtGroupVCPdu>();
-  EXPECT_EQ(wide.groupCmd(), 1);
-  EXPECT_EQ(wide.ignoreFlags() & 0xFFFFFFFFUL, 0xFFF7E7FFUL);
-  EXPECT_EQ(wide.numEntitiesToAdd(), 2);
-  EXPECT_EQ(wide.numEntitiesToRemove(), -1);
-  EXPECT_EQ(wide.radialOffset(), 5);
-  EXPECT_EQ(wide.headingOffset(), 6);
-  EXPECT_EQ(wide.pitchOffset(), 7);
-  controller.setGroupMode(nullptr, nullptr, nullptr, nullptr);
-  EXPECT_EQ(sender.last<DtGroupVCPdu>().groupCmd(), 0);
-  EXPECT_EQ(sender.last<DtGroupVCPdu>().numEntitiesToRemove(), 0);
-  EXPECT_EQ(sender.last<DtGroupVCPdu>().length(), 188);
-}
-
 namespace {
 // A value placed at an offset of an expected image.
 struct Write {
@@ -143,9 +62,6 @@ struct Write {
 };
 
 Bytes text(const std::string& s) { return Bytes(s.begin(), s.end()); }
-Bytes u32(std::uint32_t v) {
-  return bytes({int(v >> 24), int(v >> 16) & 0xff, int(v >> 8) & 0xff, int(v) & 0xff});
-}
 Bytes f32s(float a, float b, float c) { return concat({be32f(a), be32f(b), be32f(c)}); }
 Bytes f64s(double a, double b, double c) { return concat({be64(a), be64(b), be64(c)}); }
 
@@ -160,113 +76,87 @@ Bytes expectedImage(int length, int command, std::uint32_t firstWord, const std:
   put(12, text("viewer-1"));
   put(76, text("ctl"));
   put(146, bytes({command >> 8, command & 0xff}));
-  put(152, u32(firstWord));
+  put(152, be32(firstWord));
   for (const Write& w : writes) put(w.offset, w.value);
   return image;
 }
 }  // namespace
 
-TEST_F(Steering, ModeSettersWriteEveryGivenFieldInItsPlace) {
+TEST_F(Steering, ModeSettersWriteEveryGivenFieldAndIgnoreTheRest) {
   const DtString tank("tank 1"), truck("truck");
   const DtVector64 v(1, 2, 3);
   const DtTaitBryan o(0.5, 0.25, 0.125);
   const float r = 10, h = 20, p = 30, rate = 4;
   const DtGlobalObjectDesignatorList list{"a", "b"};
-
-  struct Case {
-    std::function<void()> call;
-    int length;
-    int command;
-    std::uint32_t flags;
-    std::vector<Write> fields;
+  const Bytes v32 = f32s(1, 2, 3), v64 = f64s(1, 2, 3), o32 = f32s(0.5, 0.25, 0.125);
+  const Bytes tankId = text("tank 1"), truckId = text("truck"), a = text("a"), b = text("b");
+  // Each call sends one PDU: its whole image, ids, command and ignore flags included.
+  std::size_t count = 0;
+  const auto sent = [&](int length, int command, std::uint32_t flags, const std::vector<Write>& fields) {
+    ASSERT_EQ(sender.images.size(), ++count);
+    EXPECT_EQ(sender.images.back(), expectedImage(length, command, flags, fields)) << "command " << command;
   };
-  const Case cases[] = {
-      {[&] { controller.setAbsoluteMode(&v, &o); },
-       196,
-       0,
-       0xFFFFFFC0,
-       {{160, f64s(1, 2, 3)}, {184, f32s(0.5, 0.25, 0.125)}}},
-      {[&] { controller.setTetherMode(&tank, &v, &o); },
-       308,
-       1,
-       0xFFEFFE07,
-       {{156, f32s(1, 2, 3)}, {168, f32s(0.5, 0.25, 0.125)}, {180, text("tank 1")}}},
-      {[&] { controller.setCompassMode(&tank, &r, &h, &p); },
-       308,
-       2,
-       0xFFEFF9EF,
-       {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, text("tank 1")}}},
-      {[&] { controller.setMimicMode(&tank, &v); },
-       308,
-       3,
-       0xFFEF1FFF,
-       {{156, f32s(1, 2, 3)}, {180, text("tank 1")}}},
-      {[&] { controller.setTurretMode(&truck, &v); },
-       308,
-       4,
-       0xFFEF1FFF,
-       {{156, f32s(1, 2, 3)}, {180, text("truck")}}},
-      {[&] { controller.setOrbitMode(&tank, &r, &h, &p, &rate); },
-       312,
-       5,
-       0xFFEBFDE7,
-       {{156, be32f(10)}, {160, be32f(4)}, {164, be32f(20)}, {168, be32f(30)}, {184, text("tank 1")}}},
-      {[&] { controller.setTrackMode(&truck, &v); },
-       312,
-       6,
-       0xFFEFFFF8,
-       {{160, f64s(1, 2, 3)}, {184, text("truck")}}},
-      {[&] { controller.setTetherTrackMode(&tank, &truck, &v); },
-       424,
-       7,
-       0xFFCF1FFF,
-       {{156, f32s(1, 2, 3)}, {168, text("tank 1")}, {232, text("truck")}}},
-      {[&] { controller.setMimicTrackMode(&tank, &truck, &v); },
-       424,
-       8,
-       0xFFCFFFF8,
-       {{156, f32s(1, 2, 3)}, {168, text("tank 1")}, {232, text("truck")}}},
-      {[&] { controller.setPivotMode(&v, &r, &h, &p); },
-       204,
-       12,
-       0xFFFFF9E8,
-       {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, f64s(1, 2, 3)}}},
-      {[&] { controller.set(&v, &o); },
-       208,
-       13,
-       0xFFFFFFC0,
-       {{160, f64s(1, 2, 3)}, {184, f64s(0.5, 0.25, 0.125)}}},
-      {[&] { controller.moveEyepoint(Controller::BACKWARDS); }, 208, 13, 0xFEFFFFFF, {{157, {5}}}},
-      {[&] { controller.turnEyepoint(Controller::UP); }, 208, 13, 0xFEFFFFFF, {{156, {2}}}},
-      {[&] { controller.reset(); }, 208, 13, 0xFFFFFFFF, {{158, {1}}}},
-      {[&] { controller.setWideGroupMode(&list, &r, &h, &p); },
-       188 + 128,
-       9,
-       0xFFF7E7FF,
+  controller.setAbsoluteMode(&v, &o);
+  sent(196, 0, 0xFFFFFFC0, {{160, v64}, {184, o32}});
+  controller.setAbsoluteMode(nullptr, nullptr);
+  sent(196, 0, 0xFFFFFFFF, {});
+  controller.setTetherMode(&tank, &v, &o);
+  sent(308, 1, 0xFFEFFE07, {{156, v32}, {168, o32}, {180, tankId}});
+  controller.setCompassMode(&tank, &r, &h, &p);
+  sent(308, 2, 0xFFEFF9EF, {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, tankId}});
+  controller.setMimicMode(&tank, &v);
+  sent(308, 3, 0xFFEF1FFF, {{156, v32}, {180, tankId}});
+  controller.setTurretMode(&truck, &v);
+  sent(308, 4, 0xFFEF1FFF, {{156, v32}, {180, truckId}});
+  controller.setOrbitMode(&tank, &r, &h, &p, &rate);
+  sent(312, 5, 0xFFEBFDE7,
+       {{156, be32f(10)}, {160, be32f(4)}, {164, be32f(20)}, {168, be32f(30)}, {184, tankId}});
+  controller.setTrackMode(&truck, &v);
+  sent(312, 6, 0xFFEFFFF8, {{160, v64}, {184, truckId}});
+  controller.setTetherTrackMode(&tank, &truck, &v);
+  sent(424, 7, 0xFFCF1FFF, {{156, v32}, {168, tankId}, {232, truckId}});
+  controller.setMimicTrackMode(&tank, &truck, &v);
+  sent(424, 8, 0xFFCFFFF8, {{156, v32}, {168, tankId}, {232, truckId}});
+  controller.setPivotMode(&v, &r, &h, &p);
+  sent(204, 12, 0xFFFFF9E8, {{156, be32f(10)}, {160, be32f(20)}, {164, be32f(30)}, {180, v64}});
+  controller.set(&v, &o);
+  sent(208, 13, 0xFFFFFFC0, {{160, v64}, {184, f64s(0.5, 0.25, 0.125)}});
+  controller.set(nullptr, &o);
+  sent(208, 13, 0xFFFFFFC7, {{184, f64s(0.5, 0.25, 0.125)}});
+  controller.moveEyepoint(Controller::BACKWARDS);
+  sent(208, 13, 0xFEFFFFFF, {{157, {5}}});
+  controller.turnEyepoint(Controller::UP);
+  sent(208, 13, 0xFEFFFFFF, {{156, {2}}});
+  controller.reset();
+  sent(208, 13, 0xFFFFFFFF, {{158, {1}}});
+  // Group mode: radial, heading, pitch, command, then the lists (-1 removes: replace the whole group).
+  controller.setWideGroupMode(&list, &r, &h, &p);
+  sent(188 + 128, 9, 0xFFF7E7FF,
        {{156, be32f(10)},
         {168, be32f(20)},
         {172, be32f(30)},
-        {176, u32(1)},
-        {180, u32(0xFFFFFFFF)},
-        {184, u32(2)},
-        {188, text("a")},
-        {252, text("b")}}},
-      {[&] { controller.setPrimarySecondary(tank, truck); },
-       292,
-       10,
-       0x400000,
-       {{156, text("tank 1")}, {220, text("truck")}}},
-      {[&] { controller.removeFromGroup(list); },
-       292 + 128,
-       10,
-       0x300000,
-       {{284, u32(2)}, {292, text("a")}, {356, text("b")}}},
-  };
-  for (const Case& c : cases) {
-    c.call();
-    EXPECT_EQ(sender.images.back(), expectedImage(c.length, c.command, c.flags, c.fields))
-        << "command " << c.command;
-  }
+        {176, be32(1)},
+        {180, be32(0xFFFFFFFF)},
+        {184, be32(2)},
+        {188, a},
+        {252, b}});
+  controller.setGroupMode(nullptr, &r, nullptr, &p);
+  sent(188, 9, 0xFFF7EFFF, {{156, be32f(10)}, {172, be32f(30)}});
+  // Modeless: primary, secondary, remove and add counts, then the entries.
+  controller.setPrimary(tank);
+  sent(292, 10, 0x600000, {{156, tankId}});
+  controller.setSecondary(truck);
+  sent(292, 10, 0x500000, {{220, truckId}});
+  controller.setPrimarySecondary(tank, truck);
+  sent(292, 10, 0x400000, {{156, tankId}, {220, truckId}});
+  controller.setGroup(list);
+  sent(292 + 128, 10, 0x300000, {{284, be32(0xFFFFFFFF)}, {288, be32(2)}, {292, a}, {356, b}});
+  controller.setGroup(DtGlobalObjectDesignatorList());
+  sent(292, 10, 0x300000, {{284, be32(0xFFFFFFFF)}});
+  controller.addToGroup(list);
+  sent(292 + 128, 10, 0x300000, {{288, be32(2)}, {292, a}, {356, b}});
+  controller.removeFromGroup(list);
+  sent(292 + 128, 10, 0x300000, {{284, be32(2)}, {292, a}, {356, b}});
 }
 
 TEST_F(Steering, EveryOptionOperationSetsOneBitAndWritesItsValueInItsPlace) {
@@ -277,14 +167,14 @@ TEST_F(Steering, EveryOptionOperationSetsOneBitAndWritesItsValueInItsPlace) {
   };
   const Bytes on{1};
   const Case cases[] = {
-      {[&] { controller.setOverlayEnabled(true); }, {0}, {{240, u32(1)}}},
-      {[&] { controller.setSmoothing(DtSmoothingCubic); }, {2}, {{244, u32(2)}}},
+      {[&] { controller.setOverlayEnabled(true); }, {0}, {{240, be32(1)}}},
+      {[&] { controller.setSmoothing(DtSmoothingCubic); }, {2}, {{244, be32(2)}}},
       {[&] { controller.setSmoothingPeriod(0.75); }, {3}, {{168, be64(0.75)}}},
       {[&] { controller.setSoundEnabled(true); }, {4}, {{256, on}}},
       {[&] { controller.setEntityLabelsEnabled(true); }, {5}, {{257, on}}},
       {[&] { controller.setTrailingEffectsEnabled(true); }, {6}, {{258, on}}},
       {[&] { controller.setTrajectoryHistoriesEnabled(true); }, {7}, {{259, on}}},
-      {[&] { controller.setAggregateLevel(3); }, {9}, {{248, u32(3)}}},
+      {[&] { controller.setAggregateLevel(3); }, {9}, {{248, be32(3)}}},
       {[&] { controller.setAggregateHighestOnly(true); }, {10}, {{261, on}}},
       {[&] { controller.setGroundClampingEnabled(true); }, {14}, {{265, on}}},
       {[&] { controller.setGroundClampRange(500); }, {15}, {{176, be64(500)}}},

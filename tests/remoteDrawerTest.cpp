@@ -50,15 +50,6 @@ struct Capture : DtCustomRemoteControlSender {
   std::vector<Bytes> images;
 };
 
-std::string thrown(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const DtException& e) {
-    return e.what();
-  }
-  return "nothing thrown";
-}
-
 DtVdcLine2DObject* newLine(unsigned id) {
   return new DtVdcLine2DObject(id, DtVdcVector2D(0, 0), DtVdcVector2D(1, 1), 1, DtVdcColor::DtVdcRed,
                                DtVdcLineSegment::DtVdcSegmentStraight, DtVdcLineSegment::DtVdcSegmentNoArrow,

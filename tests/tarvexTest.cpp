@@ -164,10 +164,7 @@ TEST(Messages, DumpLinesEnumNamesAndExceptions) {
   EXPECT_STREQ(DtEnumString(DtVcDrawArea), "VcDrawArea");
   EXPECT_STREQ(DtEnumString(static_cast<DtViewerCommand>(511)), "UnknownEnum");
 
-  try {
-    DT_THROW("bad thing");
-  } catch (const DtException& e) {
-    EXPECT_EQ(std::string(e.what()).rfind("DtException: bad thing (", 0), 0u);
-    EXPECT_NE(std::string(e.what()).find("tests/tarvexTest.cpp:"), std::string::npos) << e.what();
-  }
+  const std::string what = thrown([] { DT_THROW("bad thing"); });
+  EXPECT_EQ(what.rfind("DtException: bad thing (", 0), 0u) << what;
+  EXPECT_NE(what.find("tests/tarvexTest.cpp:"), std::string::npos) << what;
 }

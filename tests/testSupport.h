@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "tarvex/dtDump.h"
+#include "tarvex/dtException.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
 using Bytes = std::vector<std::uint8_t>;
@@ -30,6 +32,9 @@ inline Bytes be64(double v) {
   for (int i = 7; i >= 0; --i) out.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
   return out;
 }
+inline Bytes be32(std::uint32_t v) {
+  return bytes({int(v >> 24) & 0xff, int(v >> 16) & 0xff, int(v >> 8) & 0xff, int(v) & 0xff});
+}
 inline Bytes be32f(float v) {
   std::uint32_t bits;
   __builtin_memcpy(&bits, &v, sizeof v);
@@ -39,6 +44,18 @@ inline Bytes concat(std::initializer_list<Bytes> parts) {
   Bytes out;
   for (const Bytes& p : parts) out.insert(out.end(), p.begin(), p.end());
   return out;
+}
+
+inline Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
+
+// The text of the DtException a call throws.
+inline std::string thrown(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const DtException& e) {
+    return e.what();
+  }
+  return "nothing thrown";
 }
 
 // One dump line as DtDump... functions write it.

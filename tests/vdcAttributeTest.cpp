@@ -2,7 +2,7 @@
 // hostile lengths, receive and build.
 #include <gtest/gtest.h>
 
-#include "vdcImage.h"
+#include "drawTestSupport.h"
 #include "vistralcontrol/vdcAttributePdu.h"
 #include "vistralcontrol/vdcAttributeUpdatePdu.h"
 
@@ -24,33 +24,28 @@ void fill(DtVdcAttributeUpdatePduBase& pdu) {
   pdu.setValueY(-8);
   pdu.setText("on");
 }
-
-template <class Current, class V0, class Base>
-void forBoth(Current& current, V0& v0, void (*f)(Base&)) {
-  f(current);
-  f(v0);
-}
 }  // namespace
 
 TEST(VdcAttribute, GoldenImagesAndTheRangeFlag) {
   DtVdcAttributePdu current;
   DtVdcAttributePduV0 v0;
-  EXPECT_EQ(tailOf(current), DrawImage(408, 2570, true).tail());
-  EXPECT_EQ(tailOf(v0), DrawImage(408, 2570, false).tail());
-  forBoth<DtVdcAttributePdu, DtVdcAttributePduV0, DtVdcAttributePduBase>(current, v0, fill);
+  EXPECT_EQ(imageOf(current), Image(408, 2570, true).b);
+  EXPECT_EQ(imageOf(v0), Image(408, 2570, false).b);
+  fill(current);
+  fill(v0);
   const Bytes range = concat({be64(-1.5), be64(2.25)});
-  EXPECT_EQ(tailOf(current), DrawImage(413, 2570, true)
-                                 .put(158, bytes({1}))
-                                 .put(160, concat({be32(21), be32(2574), bytes({3})}))
-                                 .put(304, be32(99))
-                                 .put(384, concat({range, be32(0x01020304), be32(5), chars("speed")}))
-                                 .tail());
-  EXPECT_EQ(tailOf(v0), DrawImage(413, 2570, false)
-                            .put(152, concat({be32(21), be32(2574), bytes({1, 3})}))
-                            .put(296, be32(99))
-                            .put(376, concat({be32(5), be32(0x01020304), range}))
-                            .put(408, chars("speed"))
-                            .tail());
+  EXPECT_EQ(imageOf(current), Image(413, 2570, true)
+                                  .put(158, bytes({1}))
+                                  .put(160, concat({be32(21), be32(2574), bytes({3})}))
+                                  .put(304, be32(99))
+                                  .put(384, concat({range, be32(0x01020304), be32(5), chars("speed")}))
+                                  .b);
+  EXPECT_EQ(imageOf(v0), Image(413, 2570, false)
+                             .put(152, concat({be32(21), be32(2574), bytes({1, 3})}))
+                             .put(296, be32(99))
+                             .put(376, concat({be32(5), be32(0x01020304), range}))
+                             .put(408, chars("speed"))
+                             .b);
   EXPECT_EQ(v0.attributeGroupId(), 0x01020304U);
   EXPECT_EQ(v0.rangeMax(), 2.25);
 
@@ -123,20 +118,21 @@ TEST(VdcAttribute, TextFormAndDump) {
 TEST(VdcAttributeUpdate, GoldenImagesTextFormsAndDumps) {
   DtVdcAttributeUpdatePdu current;
   DtVdcAttributeUpdatePduV0 v0;
-  EXPECT_EQ(tailOf(current), DrawImage(192, 2580, true).tail());
-  EXPECT_EQ(tailOf(v0), DrawImage(196, 2580, false).tail());
-  forBoth<DtVdcAttributeUpdatePdu, DtVdcAttributeUpdatePduV0, DtVdcAttributeUpdatePduBase>(current, v0, fill);
+  EXPECT_EQ(imageOf(current), Image(192, 2580, true).b);
+  EXPECT_EQ(imageOf(v0), Image(196, 2580, false).b);
+  fill(current);
+  fill(v0);
   const Bytes values = concat({be64(1.25), be64(-8)});
-  EXPECT_EQ(tailOf(current),
-            DrawImage(194, 2580, true)
+  EXPECT_EQ(imageOf(current),
+            Image(194, 2580, true)
                 .put(160, concat({be32(31), be32(2581), values, be32(0x0A0B0C0D), be32(2), chars("on")}))
-                .tail());
+                .b);
   // A version-0 text starts at 196, eight bytes after its length.
-  EXPECT_EQ(tailOf(v0),
-            DrawImage(198, 2580, false)
+  EXPECT_EQ(imageOf(v0),
+            Image(198, 2580, false)
                 .put(152, concat({be32(31), be32(2581), be32(0), be32(0x0A0B0C0D), values, be32(2)}))
                 .put(196, chars("on"))
-                .tail());
+                .b);
 
   EXPECT_STREQ(current.string(), "31 2581 1.250000 -8.000000");
   EXPECT_EQ(bodyDumpOf(current), dumpLine("ObjectId", "31") +

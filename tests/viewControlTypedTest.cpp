@@ -179,7 +179,6 @@ struct CopyFields {
     (to.*set)((from.*get)());
   }
 };
-Bytes imageOf(const DtPdu& pdu) { return bytesAt(pdu.packet(), 0, pdu.length()); }
 }  // namespace
 
 template <class T>
