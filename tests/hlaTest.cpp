@@ -18,6 +18,7 @@
 #include "vistralcontrol/hVistralControlEncoder.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/vdcCommandPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
 
 namespace {
@@ -180,6 +181,17 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   EXPECT_EQ(bytesAt(shortOne->vcPdu()->packet(), 0, 150), cut);
   EXPECT_EQ(bytesAt(shortOne->vcPdu()->packet(), 150, 46), Bytes(46, 0));
 
+  // Values long enough to be read where they lie still never lend the PDU bytes beyond their own: here a
+  // value cut short of its header's length, followed in the set by another parameter's bytes.
+  DtParameterSet twoValues;
+  twoValues.add(r.pduHandle, reinterpret_cast<const char*>(good.data()), 180);
+  twoValues.add(r.pduHandle + 1, reinterpret_cast<const char*>(ones.data()), 64);
+  DtVistralControlInteraction inPlace;
+  r.conn.decoderList().find(r.desc->handle())->decode(&inPlace, twoValues);
+  ASSERT_NE(inPlace.vcPdu(), nullptr);
+  EXPECT_EQ(bytesAt(inPlace.vcPdu()->packet(), 0, 180), bytesAt(good.data(), 0, 180));
+  EXPECT_EQ(bytesAt(inPlace.vcPdu()->packet(), 180, 16), Bytes(16, 0));
+
   Bytes otherKind = good;
   otherKind[2] = 201;
   EXPECT_EQ(r.decode(otherKind)->vcPdu(), nullptr);
@@ -203,6 +215,12 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   ASSERT_EQ(copy.vcPdu()->length(), 60000);
   EXPECT_EQ(bytesAt(copy.vcPdu()->packet(), 12, 184), bytesAt(good.data(), 12, 184));
   EXPECT_EQ(copy.vcPdu()->u8At(59999), 0);
+  // And one that claims less: nothing past its stated length decides the class, so a current-layout draw
+  // image cut before its version word is read as version 0.
+  DtVdcCommandPdu command;
+  command.setU16At(8, 156);
+  copy.setVcPdu(command);
+  EXPECT_EQ(typeid(*copy.vcPdu()), typeid(DtVdcCommandPduV0));
 
   std::mt19937 random(5151);
   for (int i = 0; i < 200; ++i) {

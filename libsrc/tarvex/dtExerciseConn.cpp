@@ -1,7 +1,9 @@
 #include "tarvex/dtExerciseConn.h"
 
 #include <cstring>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "dtFederationBackend.h"
 #include "tarvex/dtDeferredRemoval.h"
@@ -30,6 +32,15 @@ constexpr const char* kInProcess = "inprocess";
 constexpr const char* kRti13 = "rti13";
 
 bool empty(const char* text) { return text == nullptr || *text == '\0'; }
+
+// Compared in line: the names are short, and a send asks for its class's twice. Reads no byte of text past
+// its terminator (known holds no zero byte).
+bool sameText(const std::string& known, const char* text) {
+  const std::size_t n = known.size();
+  for (std::size_t i = 0; i < n; ++i)
+    if (text[i] != known[i]) return false;
+  return text[n] == '\0';
+}
 
 // The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
 std::string chooseBackend(const std::string& execution, const char* backend) {
@@ -73,6 +84,14 @@ struct DtExerciseConn::Impl {
   DtInteractionEncoderList encoders;
   DtInteractionFactory factory;
   DtDeferredRemoval removal;  // callbacks removed while processIncoming() walks them
+  // Names asked for and what they found. The FOM and the mapper do not change once the connection has
+  // joined, so a name always finds the same class, and senders ask by the same few names on every send.
+  struct NameLookup {
+    std::string name;
+    DtInterClassDesc* desc;
+  };
+  static constexpr std::size_t kRememberedNames = 16;
+  std::vector<NameLookup> lookups;
 
   void join(const char* executionName, const char* federateName, const char* fedFile, const char* backendName,
             void* rtiAmbassador) {
@@ -195,9 +214,14 @@ const DtFomMapper& DtExerciseConn::fomMapper() const { return impl_->mapper; }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
   if (name == nullptr) return nullptr;
+  std::vector<Impl::NameLookup>& lookups = impl_->lookups;
+  for (const Impl::NameLookup& l : lookups)
+    if (sameText(l.name, name)) return l.desc;
   const char* mapped = impl_->mapper.fomInteractionClass(name);
-  if (DtInterClassDesc* desc = impl_->findClass(mapped)) return desc;
-  return mapped == name ? nullptr : impl_->findClass(name);
+  DtInterClassDesc* desc = impl_->findClass(mapped);
+  if (desc == nullptr && mapped != name) desc = impl_->findClass(name);
+  if (lookups.size() < Impl::kRememberedNames) lookups.push_back(Impl::NameLookup{name, desc});
+  return desc;
 }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByHandle(RTI::InteractionClassHandle handle) const {
