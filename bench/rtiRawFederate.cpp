@@ -55,6 +55,11 @@ class Raw final : public RawFederate, private NullFederateAmbassador {
   }
 
   void send() override { rti_.sendInteraction(class_, *set_, ""); }
+  void send(const unsigned char* bytes, unsigned long length) override {
+    set_->empty();
+    set_->add(parameter_, reinterpret_cast<const char*>(bytes), static_cast<RTI::ULong>(length));
+    rti_.sendInteraction(class_, *set_, "");
+  }
   void tick() override { rti_.tick(); }
   long received() const override { return received_; }
   long receivedBytes() const override { return bytes_; }

@@ -19,6 +19,8 @@ class RawFederate {
   // "ViewControlPdu".
   virtual void publish(const unsigned char* bytes, unsigned long length) = 0;
   virtual void send() = 0;
+  // Sends bytes made for this message: the set is emptied and given them first.
+  virtual void send(const unsigned char* bytes, unsigned long length) = 0;
   // Lets the RTI deliver what has arrived.
   virtual void tick() = 0;
   // Interactions received so far, and the bytes of their values.
