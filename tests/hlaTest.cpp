@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 #include <sstream>
+#include <string>
 #include <typeinfo>
 
 #include "tarvex/dtException.h"
@@ -230,6 +231,31 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
     auto inter = r.decode(garbage);
     if (inter->vcPdu() != nullptr) (void)inter->vcPdu()->viewerId();
   }
+}
+
+TEST(ExerciseConn, ClassLookupsFollowTheTextAskedFor) {
+  DtExerciseConn conn("Lookups", "unit");
+  DtInterClassDesc* viewControl = conn.interClassDescByName("ViewControl");
+  DtInterClassDesc* root = conn.interClassDescByName("InteractionRoot");
+  ASSERT_NE(viewControl, nullptr);
+  ASSERT_NE(root, nullptr);
+  // The same buffer with other text: a longer name, a prefix, then the name again.
+  char name[32] = "ViewControlX";
+  EXPECT_EQ(conn.interClassDescByName(name), nullptr);
+  std::strcpy(name, "View");
+  EXPECT_EQ(conn.interClassDescByName(name), nullptr);
+  std::strcpy(name, "ViewControl");
+  EXPECT_EQ(conn.interClassDescByName(name), viewControl);
+  for (int i = 0; i < 40; ++i)  // more names than are remembered
+    EXPECT_EQ(conn.interClassDescByName(("Missing" + std::to_string(i)).c_str()), nullptr);
+  EXPECT_EQ(conn.interClassDescByName("InteractionRoot.ViewControl"), viewControl);
+  EXPECT_EQ(conn.interClassDescByName("InteractionRoot"), root);
+  // By handle, alternating between classes and past the last one.
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(conn.interClassDescByHandle(viewControl->handle()), viewControl);
+    EXPECT_EQ(conn.interClassDescByHandle(root->handle()), root);
+  }
+  EXPECT_EQ(conn.interClassDescByHandle(viewControl->handle() + 1000), nullptr);
 }
 
 TEST(ExerciseConn, BackendChoiceAndFomMapping) {
