@@ -20,6 +20,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <cstdio>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -205,7 +206,14 @@ void BM_RtiOrbitToSubscriber(benchmark::State& state) {
         share(Sender::best(library.sendCpuNsPerMessage), Sender::best(handMade.sendCpuNsPerMessage));
     state.counters["recv_allocs/msg"] =
         received > 0 ? static_cast<double>(receiveAllocations) / static_cast<double>(received) : 0.0;
-    state.SetLabel(execution);
+    char summary[200];
+    std::snprintf(
+        summary, sizeof summary,
+        ": per message %.0f ns, floor %.0f, by hand %.0f; sending CPU %.0f ns, floor %.0f, by hand %.0f",
+        Sender::best(library.nsPerMessage), Sender::best(floor.nsPerMessage),
+        Sender::best(handMade.nsPerMessage), Sender::best(library.sendCpuNsPerMessage),
+        Sender::best(floor.sendCpuNsPerMessage), Sender::best(handMade.sendCpuNsPerMessage));
+    state.SetLabel(execution + summary);
   } catch (const std::exception& e) {
     state.SkipWithError(e.what());
   }
