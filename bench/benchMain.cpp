@@ -3,9 +3,17 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "benchOptions.h"
+
+std::string& bench::rtiExecution() {
+  static std::string theExecution = "thread:///VistralBench";
+  return theExecution;
+}
 
 namespace {
 class RatioReporter : public benchmark::ConsoleReporter {
@@ -35,9 +43,24 @@ class RatioReporter : public benchmark::ConsoleReporter {
  private:
   std::map<std::string, double> times_;
 };
+
+// Takes the program's own options out of argv, leaving Google Benchmark's.
+void takeOwnOptions(int* argc, char** argv) {
+  const char* const rtiOption = "--rti_execution=";
+  int kept = 1;
+  for (int i = 1; i < *argc; ++i) {
+    if (std::strncmp(argv[i], rtiOption, std::strlen(rtiOption)) == 0) {
+      bench::rtiExecution() = argv[i] + std::strlen(rtiOption);
+    } else {
+      argv[kept++] = argv[i];
+    }
+  }
+  *argc = kept;
+}
 }  // namespace
 
 int main(int argc, char** argv) {
+  takeOwnOptions(&argc, argv);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   RatioReporter reporter;

@@ -2,19 +2,21 @@
 // the interaction handed to the connection, each beside the same bytes written by hand.
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <vector>
 
 #include "allocationCounter.h"
+#include "orbitCommand.h"
 #include "tarvex/dtExerciseConn.h"
-#include "tarvex/dtNetTypes.h"
-#include "tarvex/dtWire.h"
 #include "vistralcontrol/vistralControlRegister.h"
 #include "vistralcontrol/vistralRemoteController.h"
 
 namespace {
-const DtString kTank("1:3001:12");
-const float kRadius = 120, kHeading = 0.5f, kPitch = -0.3f, kRate = 0.1f;
+using bench::kHeading;
+using bench::kPitch;
+using bench::kRadius;
+using bench::kRate;
+using bench::kTank;
+using bench::orbitByHand;
 
 struct KeepingSender : DtCustomRemoteControlSender {
   void sendPdu(const unsigned char* bytes, int length) override {
@@ -24,25 +26,6 @@ struct KeepingSender : DtCustomRemoteControlSender {
   const unsigned char* last = nullptr;
   long total = 0;
 };
-
-// The orbit command's 312 bytes as a hand-written encoder would produce them.
-void orbitByHand(unsigned char* image) {
-  std::memset(image, 0, 312);
-  image[0] = 6;
-  image[1] = 1;
-  image[2] = 202;
-  image[3] = 129;
-  DtWire::storeU16(image + 8, 312);
-  DtNetGlobalObjectDesignator::assign(image + 12, "vistral-1");
-  DtNetGlobalObjectDesignator::assign(image + 76, "bench-controller");
-  DtWire::storeU16(image + 146, 5);
-  DtWire::storeU32(image + 152, 0xFFEBFDE7);
-  DtWire::storeF32(image + 156, kRadius);
-  DtWire::storeF32(image + 160, kRate);
-  DtWire::storeF32(image + 164, kHeading);
-  DtWire::storeF32(image + 168, kPitch);
-  DtNetGlobalObjectDesignator::assign(image + 184, kTank.c_str());
-}
 
 void BM_ControllerOrbitToSender(benchmark::State& state) {
   KeepingSender sender;

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <sstream>
+#include <string>
 #include <typeinfo>
 
 #include "tarvex/dtException.h"
@@ -17,6 +18,7 @@
 #include "vistralcontrol/hVistralControlEncoder.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/moveVcPdu.h"
+#include "vistralcontrol/vdcCommandPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
 
 namespace {
@@ -177,6 +179,17 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   EXPECT_EQ(bytesAt(shortOne->vcPdu()->packet(), 0, 150), cut);
   EXPECT_EQ(bytesAt(shortOne->vcPdu()->packet(), 150, 46), Bytes(46, 0));
 
+  // Values long enough to be read where they lie still never lend the PDU bytes beyond their own: here a
+  // value cut short of its header's length, followed in the set by another parameter's bytes.
+  DtParameterSet twoValues;
+  twoValues.add(r.pduHandle, reinterpret_cast<const char*>(good.data()), 180);
+  twoValues.add(r.pduHandle + 1, reinterpret_cast<const char*>(ones.data()), 64);
+  DtVistralControlInteraction inPlace;
+  r.conn.decoderList().find(r.desc->handle())->decode(&inPlace, twoValues);
+  ASSERT_NE(inPlace.vcPdu(), nullptr);
+  EXPECT_EQ(bytesAt(inPlace.vcPdu()->packet(), 0, 180), bytesAt(good.data(), 0, 180));
+  EXPECT_EQ(bytesAt(inPlace.vcPdu()->packet(), 180, 16), Bytes(16, 0));
+
   Bytes otherKind = good;
   otherKind[2] = 201;
   EXPECT_EQ(r.decode(otherKind)->vcPdu(), nullptr);
@@ -200,6 +213,37 @@ TEST(ViewControlBinding, AnyReceivedValueIsSafe) {
   ASSERT_EQ(copy.vcPdu()->length(), 60000);
   EXPECT_EQ(bytesAt(copy.vcPdu()->packet(), 12, 184), bytesAt(good.data(), 12, 184));
   EXPECT_EQ(copy.vcPdu()->u8At(59999), 0);
+  // And one that claims less: nothing past its stated length decides the class, so a current-layout draw
+  // image cut before its version word is read as version 0.
+  DtVdcCommandPdu command;
+  command.setU16At(8, 156);
+  copy.setVcPdu(command);
+  EXPECT_EQ(typeid(*copy.vcPdu()), typeid(DtVdcCommandPduV0));
+}
+
+TEST(ExerciseConn, ClassLookupsFollowTheTextAskedFor) {
+  DtExerciseConn conn("Lookups", "unit");
+  DtInterClassDesc* viewControl = conn.interClassDescByName("ViewControl");
+  DtInterClassDesc* root = conn.interClassDescByName("InteractionRoot");
+  ASSERT_NE(viewControl, nullptr);
+  ASSERT_NE(root, nullptr);
+  // The same buffer with other text: a longer name, a prefix, then the name again.
+  char name[32] = "ViewControlX";
+  EXPECT_EQ(conn.interClassDescByName(name), nullptr);
+  std::strcpy(name, "View");
+  EXPECT_EQ(conn.interClassDescByName(name), nullptr);
+  std::strcpy(name, "ViewControl");
+  EXPECT_EQ(conn.interClassDescByName(name), viewControl);
+  for (int i = 0; i < 40; ++i)  // more names than are remembered
+    EXPECT_EQ(conn.interClassDescByName(("Missing" + std::to_string(i)).c_str()), nullptr);
+  EXPECT_EQ(conn.interClassDescByName("InteractionRoot.ViewControl"), viewControl);
+  EXPECT_EQ(conn.interClassDescByName("InteractionRoot"), root);
+  // By handle, alternating between classes and past the last one.
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(conn.interClassDescByHandle(viewControl->handle()), viewControl);
+    EXPECT_EQ(conn.interClassDescByHandle(root->handle()), root);
+  }
+  EXPECT_EQ(conn.interClassDescByHandle(viewControl->handle() + 1000), nullptr);
 }
 
 TEST(ExerciseConn, BackendChoiceAndFomMapping) {

@@ -279,6 +279,12 @@ TEST_F(Steering, SetModeRequestsAndAddressing) {
   EXPECT_EQ(last().viewerId(), "viewer-1");
   EXPECT_EQ(mine.viewerId(), "keep-viewer");
   EXPECT_EQ(mine.senderId(), "keep-sender");
+  DtAbsoluteVCPdu cut;  // an image that ends inside the sender id: its ids are put back all the same
+  cut.setViewerId("keep-viewer");
+  ASSERT_TRUE(cut.changeSize(100));
+  controller.send(cut);
+  EXPECT_EQ(last().viewerId(), "viewer-1");
+  EXPECT_EQ(cut.viewerId(), "keep-viewer");
 }
 
 namespace {

@@ -160,7 +160,8 @@ class TARVEX_EXPORT DtExerciseConn {
   using CallbackThunk = void (*)(DtInteractionDetail::ErasedFunction, DtInteraction*, void*);
   template <class I>
   static void callAs(DtInteractionDetail::ErasedFunction fn, DtInteraction* inter, void* usr) {
-    if (auto* typed = dynamic_cast<I*>(inter)) reinterpret_cast<void (*)(I*, void*)>(fn)(typed, usr);
+    if (auto* typed = DtInteractionDetail::as<I>(inter))
+      reinterpret_cast<void (*)(I*, void*)>(fn)(typed, usr);
   }
   bool addCallback(const char* className, DtInteractionDetail::ErasedFunction fn, CallbackThunk thunk,
                    void* usr, const std::shared_ptr<DtDDMRegion>& region);

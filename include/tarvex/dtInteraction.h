@@ -5,6 +5,9 @@
 #pragma once
 
 #include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "tarvex/dtRti.h"
@@ -88,4 +91,21 @@ class TARVEX_EXPORT DtInteractionWithEncDec : public DtInteraction {
 // stored with, after checking that the interaction at hand is of that class.
 namespace DtInteractionDetail {
 using ErasedFunction = void (*)();
+
+template <class To, class From, class = void>
+struct DowncastsStatically : std::false_type {};
+template <class To, class From>
+struct DowncastsStatically<To, From, std::void_t<decltype(static_cast<To*>(std::declval<From*>()))>>
+    : std::true_type {};
+
+// The interaction as the class a function was stored for, or null. It is nearly always of exactly that
+// class, which comparing types settles without the walk through the hierarchy that dynamic_cast makes on
+// every message.
+template <class I, class From>
+I* as(From* inter) {
+  if constexpr (DowncastsStatically<I, From>::value) {
+    if (inter != nullptr && typeid(*inter) == typeid(I)) return static_cast<I*>(inter);
+  }
+  return dynamic_cast<I*>(inter);
+}
 }  // namespace DtInteractionDetail

@@ -51,7 +51,8 @@ class TARVEX_EXPORT DtInteractionDecoder {
   template <class I>
   static void decodeAs(DtInteractionDetail::ErasedFunction fn, DtInteraction* inter,
                        const RTI::ParameterHandleValuePairSet& set, int index) {
-    if (auto* typed = dynamic_cast<I*>(inter)) reinterpret_cast<ParameterDecoder<I>>(fn)(typed, set, index);
+    if (auto* typed = DtInteractionDetail::as<I>(inter))
+      reinterpret_cast<ParameterDecoder<I>>(fn)(typed, set, index);
   }
   bool addErased(const char* name, DtInteractionDetail::ErasedFunction fn, Thunk thunk);
 

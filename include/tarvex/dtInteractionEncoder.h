@@ -40,7 +40,7 @@ class TARVEX_EXPORT DtInteractionEncoder {
   template <class I>
   static bool encodeAs(DtInteractionDetail::ErasedFunction fn, const DtInteraction& inter,
                        RTI::ParameterHandleValuePairSet* set, unsigned int handle) {
-    const auto* typed = dynamic_cast<const I*>(&inter);
+    const auto* typed = DtInteractionDetail::as<const I>(&inter);
     return typed != nullptr && reinterpret_cast<ParameterEncoder<I>>(fn)(*typed, set, handle);
   }
   bool addErased(const char* name, DtInteractionDetail::ErasedFunction fn, Thunk thunk);

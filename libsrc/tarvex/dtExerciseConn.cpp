@@ -1,7 +1,9 @@
 #include "tarvex/dtExerciseConn.h"
 
 #include <cstring>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "dtFederationBackend.h"
 #include "tarvex/dtDeferredRemoval.h"
@@ -30,6 +32,15 @@ constexpr const char* kInProcess = "inprocess";
 constexpr const char* kRti13 = "rti13";
 
 bool empty(const char* text) { return text == nullptr || *text == '\0'; }
+
+// Compared in line: the names are short, and a send asks for its class's twice. Reads no byte of text past
+// its terminator (known holds no zero byte).
+bool sameText(const std::string& known, const char* text) {
+  const std::size_t n = known.size();
+  for (std::size_t i = 0; i < n; ++i)
+    if (text[i] != known[i]) return false;
+  return text[n] == '\0';
+}
 
 // The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
 std::string chooseBackend(const std::string& execution, const char* backend) {
@@ -73,6 +84,14 @@ struct DtExerciseConn::Impl {
   DtInteractionEncoderList encoders;
   DtInteractionFactory factory;
   DtDeferredRemoval removal;  // callbacks removed while processIncoming() walks them
+  // Names asked for and what they found. The FOM and the mapper do not change once the connection has
+  // joined, so a name always finds the same class, and senders ask by the same few names on every send.
+  struct NameLookup {
+    std::string name;
+    DtInterClassDesc* desc;
+  };
+  static constexpr std::size_t kRememberedNames = 16;
+  std::vector<NameLookup> lookups;
 
   void join(const char* executionName, const char* federateName, const char* fedFile, const char* backendName,
             void* rtiAmbassador) {
@@ -98,6 +117,21 @@ struct DtExerciseConn::Impl {
   }
 
   std::size_t indexOf(const DtInterClassDesc* desc) const { return indexOfHandle.at(desc->handle()); }
+
+  // Where a class handle's class sits in classes, or false. Every receipt asks; traffic is mostly of one
+  // class, so the handle found last is tried before the map, whose bucket division costs more than all else
+  // in the lookup.
+  bool findIndex(RTI::InteractionClassHandle handle, std::size_t* index) {
+    if (lastFound < classes.size() && classes[lastFound]->handle() == handle) {
+      *index = lastFound;
+      return true;
+    }
+    const auto found = indexOfHandle.find(handle);
+    if (found == indexOfHandle.end()) return false;
+    *index = lastFound = found->second;
+    return true;
+  }
+  std::size_t lastFound = 0;
 
   DtInterClassDesc* findClass(const char* name) const {
     for (const auto& c : classes)
@@ -126,10 +160,10 @@ struct DtExerciseConn::Impl {
 
   bool deliver(DtExerciseConn& conn, RTI::InteractionClassHandle cls,
                const RTI::ParameterHandleValuePairSet& set) {
-    const auto found = indexOfHandle.find(cls);
-    if (found == indexOfHandle.end()) return false;
-    DtInterClassDesc* desc = classes[found->second].get();
-    ClassState& state = states[found->second];
+    std::size_t index = 0;
+    if (!findIndex(cls, &index)) return false;
+    DtInterClassDesc* desc = classes[index].get();
+    ClassState& state = states[index];
     if (state.liveCallbacks == 0) return false;
     const DtInteractionFactory::Creator creator = creatorFor(conn, state, desc);
     if (creator == nullptr) {
@@ -195,14 +229,19 @@ const DtFomMapper& DtExerciseConn::fomMapper() const { return impl_->mapper; }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByName(const char* name) const {
   if (name == nullptr) return nullptr;
+  std::vector<Impl::NameLookup>& lookups = impl_->lookups;
+  for (const Impl::NameLookup& l : lookups)
+    if (sameText(l.name, name)) return l.desc;
   const char* mapped = impl_->mapper.fomInteractionClass(name);
-  if (DtInterClassDesc* desc = impl_->findClass(mapped)) return desc;
-  return mapped == name ? nullptr : impl_->findClass(name);
+  DtInterClassDesc* desc = impl_->findClass(mapped);
+  if (desc == nullptr && mapped != name) desc = impl_->findClass(name);
+  if (lookups.size() < Impl::kRememberedNames) lookups.push_back(Impl::NameLookup{name, desc});
+  return desc;
 }
 
 DtInterClassDesc* DtExerciseConn::interClassDescByHandle(RTI::InteractionClassHandle handle) const {
-  const auto found = impl_->indexOfHandle.find(handle);
-  return found == impl_->indexOfHandle.end() ? nullptr : impl_->classes[found->second].get();
+  std::size_t index = 0;
+  return impl_->findIndex(handle, &index) ? impl_->classes[index].get() : nullptr;
 }
 
 int DtExerciseConn::interClassCount() const { return static_cast<int>(impl_->classes.size()); }

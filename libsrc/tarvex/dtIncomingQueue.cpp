@@ -1,5 +1,6 @@
 #include "dtIncomingQueue.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -13,15 +14,27 @@ void release(std::vector<T>& v) {
 }
 }  // namespace
 
+// Records and values are filled where they lie in their arrays: built whole on the stack first, each was
+// written in pieces and read back at once, which stalls the store on every push. Values are copied out with
+// getValue: an RTI's received set may hand out a pointer only after making its own private copy of a value
+// that other federates' sets share.
 void DtIncomingQueue::push(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
   const RTI::ULong n = set.size();
-  filling_.records.push_back(Record{cls, filling_.values.size(), n});
+  Record& record = filling_.records.emplace_back();
+  record.cls = cls;
+  record.firstValue = filling_.values.size();
+  record.valueCount = n;
+  std::vector<char>& bytes = filling_.bytes;
   for (RTI::ULong i = 0; i < n; ++i) {
-    RTI::ULong length = 0;
-    const char* value = set.getValuePointer(i, length);
-    const std::size_t offset = filling_.bytes.size();
-    if (length > 0) filling_.bytes.insert(filling_.bytes.end(), value, value + length);
-    filling_.values.push_back(Value{set.getHandle(i), offset, length});
+    Value& v = filling_.values.emplace_back();
+    v.handle = set.getHandle(i);
+    v.offset = bytes.size();
+    const RTI::ULong length = set.getValueLength(i);
+    if (length == 0) continue;
+    bytes.resize(v.offset + length);
+    set.getValue(i, bytes.data() + v.offset, v.length);
+    v.length = std::min(v.length, length);
+    bytes.resize(v.offset + v.length);
   }
 }
 

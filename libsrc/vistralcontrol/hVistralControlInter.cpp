@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "tarvex/dtMessage.h"
+#include "vcLayout.h"
 #include "vistralcontrol/hVistralControlDecoder.h"
 #include "vistralcontrol/hVistralControlEncoder.h"
 
@@ -10,15 +11,19 @@ namespace {
 // create() returns only control PDU classes (or null), so the result is one.
 DtVistralControlPdu* asControlPdu(DtPdu* pdu) { return static_cast<DtVistralControlPdu*>(pdu); }
 
-// A new PDU read from another PDU's image, as a receiver would read it: the image is laid into the reusable
-// zero-tailed buffer that received values go through, by a bounded copy, so that whatever its length field
-// says, nothing outside the source PDU's bytes is read and nothing past them decides the class.
+// A new PDU read from another PDU's image, as a receiver would read it: nothing outside the source PDU's
+// length decides the class or is copied. An image that holds every byte creation reads is read where it
+// is; a shorter one is laid first into the reusable zero-tailed buffer that received values go through.
 DtVistralControlPdu* reread(const DtVistralControlPdu& pdu) {
   const int length = pdu.length();
-  char* image = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(length));
-  pdu.copyBytesAt(0, image, length);
+  const void* image = pdu.packet();
+  if (length < VcLayout::Fixed::classifiedBy) {
+    char* buffer = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(length));
+    pdu.copyBytesAt(0, buffer, length);
+    image = buffer;
+  }
   return asControlPdu(
-      DtVistralControlPdu::create(reinterpret_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
+      DtVistralControlPdu::create(static_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
 }
 }  // namespace
 

@@ -18,6 +18,9 @@ struct Fixed {
   // Draw-control images carry a mark where view-control images carry their ignore flags.
   static constexpr int drawMark = 152;
   static constexpr int drawVersion = 156;
+  // What the creation of a PDU from an image reads besides the image's own stated length: the kind, the
+  // length, the command and the draw mark and version all lie before this.
+  static constexpr int classifiedBy = drawVersion + 2;
 };
 static_assert(Fixed::senderId + kNameWidth + 6 == Fixed::command, "reserved bytes 140..145");
 static_assert(Fixed::bodyStart == 156, "view-control bodies start at 156");

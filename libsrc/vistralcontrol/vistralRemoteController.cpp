@@ -484,7 +484,12 @@ void DtVistralRemoteController::send(const DtVistralControlPdu& pdu) const {
   static_assert(VcLayout::Fixed::senderId == kIdsOffset + VcLayout::kNameWidth,
                 "sender id follows viewer id");
   unsigned char savedIds[2 * VcLayout::kNameWidth];
-  addressed.copyBytesAt(kIdsOffset, savedIds, sizeof savedIds);
+  // Straight out of the image when it holds both fields, as every PDU that a controller builds does.
+  if (const unsigned char* ids = addressed.bytesAt(kIdsOffset, sizeof savedIds)) {
+    std::memcpy(savedIds, ids, sizeof savedIds);
+  } else {
+    addressed.copyBytesAt(kIdsOffset, savedIds, sizeof savedIds);
+  }
   addressed.setViewerId(targetId_);
   addressed.setSenderId(controllerId_);
   if (conn_ != nullptr && conn_->interClassDescByName(DtVistralControlInteraction::kClassName) != nullptr) {

@@ -1,0 +1,10 @@
+// Options of the benchmark program beyond Google Benchmark's own.
+#pragma once
+
+#include <string>
+
+namespace bench {
+// The federation execution the RTI benchmarks use (--rti_execution=<url>): OpenRTI in this process by
+// default, "rti://127.0.0.1:<port>/<name>" for a running rtinode.
+std::string& rtiExecution();
+}  // namespace bench
