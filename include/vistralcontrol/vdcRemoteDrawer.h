@@ -4,8 +4,8 @@
 // interaction or through the application's custom sender.
 #pragma once
 
-#include <map>
 #include <memory>
+#include <unordered_map>
 
 #include "tarvex/dtString.h"
 #include "vistralcontrol/hVistralControlInter.h"
@@ -71,7 +71,9 @@ class VISTRAL_EXPORT DtVistralRemoteDrawer {
   DtExerciseConn* conn_ = nullptr;
   DtCustomRemoteControlSender* sender_ = nullptr;
   unsigned int nextId_;
-  std::map<unsigned int, DtVdcObject*> objects_;  // owned; an entry left by lookup may hold null
+  // Owned; an entry left by lookup may hold null. Hashed rather than ordered: with a million objects an
+  // ordered map's walk waited on memory at every level, and only the destructor needs the ids in order.
+  std::unordered_map<unsigned int, DtVdcObject*> objects_;
   std::unique_ptr<DtExerciseConn> ownedConn_;
   DtString receiverId_;
   DtString senderId_;

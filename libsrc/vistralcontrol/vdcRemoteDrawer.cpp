@@ -1,6 +1,8 @@
 #include "vistralcontrol/vdcRemoteDrawer.h"
 
+#include <algorithm>
 #include <unordered_set>
+#include <vector>
 
 #include "tarvex/dtExerciseConn.h"
 #include "vdcThrow.h"
@@ -62,13 +64,19 @@ DtVistralRemoteDrawer::~DtVistralRemoteDrawer() {
     if (groupTemplate == nullptr) continue;
     for (const auto& t : groupTemplate->attributeTemplates()) deleted.insert(t.get());
   }
-  while (!objects_.empty()) {
-    const auto first = objects_.begin();
-    const unsigned int id = first->first;
-    DtVdcObject* obj = first->second;
+  // Ascending id order: removals only take entries out (a group template's members with it), so walking the
+  // sorted ids and skipping those already gone takes the smallest remaining id each time.
+  std::vector<unsigned int> ids;
+  ids.reserve(objects_.size());
+  for (const auto& entry : objects_) ids.push_back(entry.first);
+  std::sort(ids.begin(), ids.end());
+  for (const unsigned int id : ids) {
+    const auto found = objects_.find(id);
+    if (found == objects_.end()) continue;
+    DtVdcObject* obj = found->second;
     if (obj == nullptr) {
       // Left by a lookup of an id that was never added: nothing to remove on the viewer.
-      objects_.erase(first);
+      objects_.erase(found);
       continue;
     }
     try {
