@@ -160,6 +160,21 @@ void sphereOffsets(std::vector<FieldRule>& f) {
   f.push_back(number<P, &P::roll, &P::setRoll>("roll", DtVcIgnore::Roll));
 }
 
+// Tether-track and mimic-track: ride with one entity, look at another; they differ in their class and in the
+// bits their offset stands under.
+template <class P>
+ModeRules twoEntityRules(int command, unsigned long x, unsigned long y, unsigned long z) {
+  ModeRules m{command, &carries<P>, {}};
+  m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+  m.fields.push_back(
+      text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText", DtVcIgnore::FirstEntity));
+  m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
+  m.fields.push_back(
+      text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
+  vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", x, y, z);
+  return m;
+}
+
 std::vector<ModeRules> buildRules() {
   std::vector<ModeRules> all;
   {
@@ -223,31 +238,9 @@ std::vector<ModeRules> buildRules() {
                                                              kPositionZ);
     all.push_back(std::move(m));
   }
-  {
-    using P = DtTetherTrackVCPdu;
-    ModeRules m{DtVcTetherTrack, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
-                                                                                DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
-    m.fields.push_back(
-        text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
-    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kAttachX, kAttachY, kAttachZ);
-    all.push_back(std::move(m));
-  }
-  {
-    using P = DtMimicTrackVCPdu;
-    ModeRules m{DtVcMimicTrack, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText",
-                                                                                DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
-    m.fields.push_back(
-        text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
-    // Mimic-track's offset stands under the position bits, unlike the other attach offsets.
-    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kPositionX, kPositionY, kPositionZ);
-    all.push_back(std::move(m));
-  }
+  all.push_back(twoEntityRules<DtTetherTrackVCPdu>(DtVcTetherTrack, kAttachX, kAttachY, kAttachZ));
+  // Mimic-track's offset stands under the position bits, unlike the other attach offsets.
+  all.push_back(twoEntityRules<DtMimicTrackVCPdu>(DtVcMimicTrack, kPositionX, kPositionY, kPositionZ));
   {
     using P = DtGroupVCPdu;
     ModeRules m{DtVcGroup, &carries<P>, {}};
