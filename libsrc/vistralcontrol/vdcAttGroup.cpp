@@ -81,42 +81,41 @@ DtVdcAttributeValue& DtVdcAttributeGroupObject::valueAt(unsigned int attributeId
   return *slot;
 }
 
-void DtVdcAttributeGroupObject::setBmpAttributeValue(unsigned int attributeId, const DtString& value) {
-  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 292);
-  v.setTextValue(value);
+namespace {
+// A value the application changes goes out at the group's next update, and only then.
+template <class Arg, class T>
+void changeValue(DtVdcAttributeValue& v, void (DtVdcAttributeValue::*set)(Arg), const T& value) {
+  (v.*set)(value);
   v.setDirty(true);
+}
+}  // namespace
+
+void DtVdcAttributeGroupObject::setBmpAttributeValue(unsigned int attributeId, const DtString& value) {
+  changeValue(valueAt(attributeId, __PRETTY_FUNCTION__, 292), &DtVdcAttributeValue::setTextValue, value);
 }
 DtString DtVdcAttributeGroupObject::bmpAttributeValue(unsigned int attributeId) const {
   return valueAt(attributeId, __PRETTY_FUNCTION__, 307).textValue();
 }
 void DtVdcAttributeGroupObject::setNumericAttributeValue(unsigned int attributeId, double value) {
-  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 324);
-  v.setXValue(value);
-  v.setDirty(true);
+  changeValue(valueAt(attributeId, __PRETTY_FUNCTION__, 324), &DtVdcAttributeValue::setXValue, value);
 }
 double DtVdcAttributeGroupObject::numericAttributeValue(unsigned int attributeId) const {
   return valueAt(attributeId, __PRETTY_FUNCTION__, 339).xValue();
 }
 void DtVdcAttributeGroupObject::setValueBarAttributeValue(unsigned int attributeId, double value) {
-  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 356);
-  v.setXValue(value);
-  v.setDirty(true);
+  changeValue(valueAt(attributeId, __PRETTY_FUNCTION__, 356), &DtVdcAttributeValue::setXValue, value);
 }
 double DtVdcAttributeGroupObject::valueBarAttributeValue(unsigned int attributeId) const {
   return valueAt(attributeId, __PRETTY_FUNCTION__, 371).xValue();
 }
 void DtVdcAttributeGroupObject::setGraphAttributeValueX(unsigned int attributeId, double value) {
-  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 388);
-  v.setXValue(value);
-  v.setDirty(true);
+  changeValue(valueAt(attributeId, __PRETTY_FUNCTION__, 388), &DtVdcAttributeValue::setXValue, value);
 }
 double DtVdcAttributeGroupObject::graphAttributeValueX(unsigned int attributeId) const {
   return valueAt(attributeId, __PRETTY_FUNCTION__, 403).xValue();
 }
 void DtVdcAttributeGroupObject::setGraphAttributeValueY(unsigned int attributeId, double value) {
-  DtVdcAttributeValue& v = valueAt(attributeId, __PRETTY_FUNCTION__, 420);
-  v.setYValue(value);
-  v.setDirty(true);
+  changeValue(valueAt(attributeId, __PRETTY_FUNCTION__, 420), &DtVdcAttributeValue::setYValue, value);
 }
 double DtVdcAttributeGroupObject::graphAttributeValueY(unsigned int attributeId) const {
   return valueAt(attributeId, __PRETTY_FUNCTION__, 435).yValue();
