@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
 
 #include "allocationCounter.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vistralControlRegister.h"
+#include "vistralcontrol/vistralDrawControlPdu.h"
 
 namespace {
 // Each PDU carries its sequence number in the ignore flags.
@@ -84,4 +86,26 @@ TEST(FederationLoad, SteadyTrafficAllocatesOnlyWhatTheInterfacesForce) {
   EXPECT_EQ(p.receiver.retainedIncomingBytes(), retained);
   EXPECT_EQ(p.sequence.next, 100 + kCount);
   EXPECT_EQ(p.sequence.outOfOrder, 0u);
+}
+
+// Every control PDU class keeps its image inside the object: building one new, or reading one back from its
+// image, allocates the object and nothing more.
+TEST(FederationLoad, EveryControlPduKeepsItsImageInsideItself) {
+  int classes = 0;
+  for (int command = 0; command < 3000; ++command) {
+    for (auto make : {&DtNewViewControlPdu, &DtNewDrawControlPdu, &DtNewDrawControlPduV0}) {
+      std::uint64_t before = bench::allocationCount();
+      const std::unique_ptr<DtVistralControlPdu> pdu(make(static_cast<DtViewerCommand>(command)));
+      if (pdu == nullptr) continue;
+      ++classes;
+      EXPECT_EQ(bench::allocationCount() - before, 1u)
+          << "built: command " << command << ", " << pdu->length();
+      before = bench::allocationCount();
+      const std::unique_ptr<DtPdu> copy(DtVistralControlPdu::create(
+          reinterpret_cast<const DtNetPduHeader*>(pdu->packet()), nullptr, nullptr));
+      EXPECT_EQ(bench::allocationCount() - before, 1u)
+          << "read: command " << command << ", " << pdu->length();
+    }
+  }
+  EXPECT_GE(classes, 30);
 }

@@ -42,11 +42,11 @@ TEST(Pdu, HeaderAndBoundedAccess) {
   EXPECT_EQ(bytesAt(pdu.packet(), 0, 12), bytes({6, 1, 0, 129, 0, 0, 0, 0, 0, 40, 0, 0}));
   pdu.setF64At(16, 1.0);
   EXPECT_EQ(bytesAt(pdu.packet(), 16, 8), be64(1.0));
-  EXPECT_EQ(pdu.u32At(38), 0u);  // straddles the end: reads as zero
-  pdu.setU32At(-1, 7);           // dropped
-  pdu.setU32At(DtPdu::kInlineCapacity - 2, 7);
+  EXPECT_EQ(pdu.u32At(38), 0u);            // straddles the end: reads as zero
+  pdu.setU32At(-1, 7);                     // dropped
+  pdu.setU32At(DtPdu::kMaxLength - 2, 7);  // past anything a header can state: dropped
   EXPECT_EQ(pdu.length(), 40);
-  pdu.setU16At(44, 0xBEEF);  // past the image but inside the storage: kept, not sent
+  pdu.setU16At(44, 0xBEEF);  // past the image: kept, not sent
   EXPECT_EQ(pdu.u16At(44), 0xBEEF);
   EXPECT_EQ(pdu.u16At(42), 0);  // the gap is zero-filled
   EXPECT_EQ(pdu.length(), 40);

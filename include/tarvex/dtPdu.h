@@ -1,9 +1,10 @@
 // The PDU base: owns one network image and gives bounded, byte-order-independent access to it.
 //
-// The image lives in storage inside the object, large enough for every fixed-size PDU, so that building and
-// filling a PDU costs no heap traffic; only an image that grows past it moves to the heap. Bytes past the
-// image's initialised extent read as zero, and a write that does not fit the storage is dropped, so no
-// accessor can touch memory outside the object, whatever offset or length a received header states.
+// Each PDU class keeps its image in storage inside the object, sized for that class's image (DtPduStorage),
+// so that building and filling a PDU costs no heap traffic and a PDU kept for long costs about its image's
+// size; only an image that grows past it moves to the heap. Bytes past the image's initialised extent read
+// as zero, and a write past it grows the storage only as far as a PDU can be long, so no accessor can touch
+// memory outside the object, whatever offset or length a received header states.
 #pragma once
 
 #include <cstddef>
@@ -34,11 +35,30 @@ struct DtNetPduHeader {
 };
 static_assert(sizeof(DtNetPduHeader) == 12, "PDU header is 12 bytes");
 
+// Room for an image inside a PDU object: a PDU class holds one sized for its own image and hands it to
+// DtPdu::useStorage before it builds or reads an image. Copying a PDU copies its image, which DtPdu does, so
+// copying the storage copies nothing.
+template <int Capacity>
+class DtPduStorage {
+ public:
+  static constexpr int kCapacity = Capacity;
+  DtPduStorage() = default;
+  DtPduStorage(const DtPduStorage& /*other*/) {}
+  // Copies nothing, so assigning to itself is as harmless as any other assignment.
+  DtPduStorage& operator=(const DtPduStorage& /*other*/) {  // NOLINT(bugprone-unhandled-self-assignment)
+    return *this;
+  }
+  ~DtPduStorage() = default;
+  unsigned char* bytes() { return bytes_; }
+
+ private:
+  alignas(8) unsigned char bytes_[Capacity];
+};
+
 class TARVEX_EXPORT DtPdu {
  public:
   static constexpr int kHeaderSize = 12;
-  static constexpr int kMaxLength = 65535;      // the header's length field is 16 bits
-  static constexpr int kInlineCapacity = 1544;  // room for the largest fixed-size control PDU
+  static constexpr int kMaxLength = 65535;  // the header's length field is 16 bits
   static constexpr int kDefaultProtocolVersion = 6;
   static constexpr int kDefaultExerciseId = 1;
   static constexpr int kDefaultProtocolFamily = 129;
@@ -134,10 +154,18 @@ class TARVEX_EXPORT DtPdu {
   // Copies count bytes of the image from offset out; bytes outside the initialised image come out as zero.
   void copyBytesAt(int offset, void* out, int count) const;
 
+ protected:
+  // Moves the image (if any, and if it fits) into storage inside the derived object. A constructor calls it
+  // before it builds or reads an image; the storage must live as long as this PDU.
+  template <int Capacity>
+  void useStorage(DtPduStorage<Capacity>& storage) {
+    adoptStorage(storage.bytes(), Capacity);
+  }
+
  private:
-  unsigned char* data() { return heap_ ? heap_.get() : inline_; }
-  const unsigned char* data() const { return heap_ ? heap_.get() : inline_; }
-  int capacity() const { return heap_ ? heapCapacity_ : kInlineCapacity; }
+  unsigned char* data() { return data_; }
+  const unsigned char* data() const { return data_; }
+  void adoptStorage(unsigned char* bytes, int capacity);
   // The accessors are inline: they sit on every send and receive path.
   template <typename T, int Width>
   T read(int offset, T (*load)(const unsigned char*)) const {
@@ -167,12 +195,13 @@ class TARVEX_EXPORT DtPdu {
   void setLengthField(int length);
   void copyFrom(const DtPdu& other);
 
-  // Bytes [0, extent_) of the storage are initialised; the rest is never read.
+  // The image is at data_: the derived object's storage, heap_, or nowhere yet. Bytes [0, extent_) of the
+  // capacity_ bytes there are initialised; the rest is never read.
+  unsigned char* data_ = nullptr;
+  int capacity_ = 0;
   int extent_ = 0;
-  int heapCapacity_ = 0;
   std::unique_ptr<unsigned char[]> heap_;
   DtPduFactory* factory_ = nullptr;
-  unsigned char inline_[kInlineCapacity];
 };
 
 static_assert(DtPdu::kProtocolVersionOffset == offsetof(DtNetPduHeader, protocolVersion) &&

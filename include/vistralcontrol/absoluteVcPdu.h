@@ -23,4 +23,5 @@ class VISTRAL_EXPORT DtAbsoluteVCPdu : public DtVistralControlPdu {
  private:
   mutable DtVector64 location_;
   mutable DtTaitBryan orientation_;
+  DtPduStorage<196> storage_;
 };

@@ -37,4 +37,5 @@ class VISTRAL_EXPORT DtCompassVCPdu : public DtVistralControlPdu {
  private:
   mutable DtString attachId_;
   mutable DtString markingText_;
+  DtPduStorage<308> storage_;
 };

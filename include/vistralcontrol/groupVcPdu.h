@@ -49,4 +49,5 @@ class VISTRAL_EXPORT DtGroupVCPdu : public DtVistralControlPdu {
 
  private:
   mutable DtString entity_;
+  DtPduStorage<444> storage_;  // four listed entities
 };

@@ -37,4 +37,5 @@ class VISTRAL_EXPORT DtMimicTrackVCPdu : public DtVistralControlPdu {
   mutable DtString entityId_;
   mutable DtString attachMarkingText_;
   mutable DtString trackMarkingText_;
+  DtPduStorage<424> storage_;
 };

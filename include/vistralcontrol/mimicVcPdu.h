@@ -32,6 +32,7 @@ class VISTRAL_EXPORT DtMimicVCPdu : public DtVistralControlPdu {
   mutable DtTaitBryan orientation_;
   mutable DtString attachId_;
   mutable DtString markingText_;
+  DtPduStorage<308> storage_;  // offset mimic too
 };
 
 // Offset mimic: the mimic layout under its own command.

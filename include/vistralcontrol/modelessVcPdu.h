@@ -32,4 +32,5 @@ class VISTRAL_EXPORT DtModelessVCPdu : public DtVistralControlPdu {
 
  private:
   mutable DtString entity_;
+  DtPduStorage<420> storage_;  // two listed entities
 };

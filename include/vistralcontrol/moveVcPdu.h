@@ -30,4 +30,7 @@ class VISTRAL_EXPORT DtMoveVCPdu : public DtVistralControlPdu {
 
   // "LEFT" .. "BACKWARDS", or null outside 0..5.
   static const char* directionText(int direction);
+
+ private:
+  DtPduStorage<208> storage_;
 };

@@ -257,4 +257,5 @@ class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
  private:
   // The text form; string() writes it here rather than into the base's 400-character buffer.
   mutable DtString hexText_;
+  DtPduStorage<1539> storage_;
 };

@@ -39,4 +39,5 @@ class VISTRAL_EXPORT DtOrbitVCPdu : public DtVistralControlPdu {
  private:
   mutable DtString attachId_;
   mutable DtString markingText_;
+  DtPduStorage<312> storage_;
 };

@@ -34,4 +34,5 @@ class VISTRAL_EXPORT DtPivotVCPdu : public DtVistralControlPdu {
 
  private:
   mutable DtVector64 pivotPoint_;
+  DtPduStorage<204> storage_;
 };

@@ -32,4 +32,5 @@ class VISTRAL_EXPORT DtTetherVCPdu : public DtVistralControlPdu {
   mutable DtTaitBryan orientation_;
   mutable DtString attachId_;
   mutable DtString markingText_;
+  DtPduStorage<308> storage_;
 };

@@ -27,4 +27,5 @@ class VISTRAL_EXPORT DtTrackVCPdu : public DtVistralControlPdu {
   mutable DtVector64 location_;
   mutable DtString trackId_;
   mutable DtString markingText_;
+  DtPduStorage<312> storage_;
 };

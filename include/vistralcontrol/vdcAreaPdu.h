@@ -34,7 +34,10 @@ class VISTRAL_EXPORT DtVdcAreaPduBase : public DtVdcPolyObjectPduBase {
   virtual int numTextureTiles() const;
 
  protected:
-  DtVdcAreaPduBase() = default;
+  DtVdcAreaPduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<1312> storage_;
 };
 
 class VISTRAL_EXPORT DtVdcAreaPdu : public DtVdcAreaPduBase {

@@ -28,7 +28,10 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   virtual void setRange(double minimum, double maximum);
 
  protected:
-  DtVdcAttributePduBase() = default;
+  DtVdcAttributePduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<472> storage_;  // a 64-byte name
 };
 
 class VISTRAL_EXPORT DtVdcAttributePdu : public DtVdcAttributePduBase {

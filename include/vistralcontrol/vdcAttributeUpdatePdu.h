@@ -25,7 +25,10 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePduBase : public DtVistralDrawControlPd
   virtual void setValueY(double y);
 
  protected:
-  DtVdcAttributeUpdatePduBase() = default;
+  DtVdcAttributeUpdatePduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<260> storage_;  // a 64-byte text
 };
 
 class VISTRAL_EXPORT DtVdcAttributeUpdatePdu : public DtVdcAttributeUpdatePduBase {

@@ -20,7 +20,10 @@ class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
   virtual void setLayerId(DtNetU32 layerId);
 
  protected:
-  DtVdcCommandPduBase() = default;
+  DtVdcCommandPduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<176> storage_;
 };
 
 class VISTRAL_EXPORT DtVdcCommandPdu : public DtVdcCommandPduBase {

@@ -18,7 +18,10 @@ class VISTRAL_EXPORT DtVdcLayerPduBase : public DtVistralDrawControlPdu {
   virtual DtString name() const;
 
  protected:
-  DtVdcLayerPduBase() = default;
+  DtVdcLayerPduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<176> storage_;
 };
 
 class VISTRAL_EXPORT DtVdcLayerPdu : public DtVdcLayerPduBase {

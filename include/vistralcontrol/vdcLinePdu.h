@@ -76,6 +76,7 @@ class VISTRAL_EXPORT DtVdcLinePdu : public DtVdcAttachablePdu {
   // bytes select (only below the segment count), or the version-0 plain field.
   int field(Access access, unsigned int segment, int recordOffset, int plainOffset) const;
   void setBits(int at, unsigned mask, unsigned bits);
+  DtPduStorage<456> storage_;  // four segments; the version-0 lines too
 };
 
 // A version-0 plain line (392 bytes, viewer command 2520); a segmented type makes it a segmented line.

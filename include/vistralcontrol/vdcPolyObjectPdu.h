@@ -38,6 +38,9 @@ class VISTRAL_EXPORT DtVdcPolyObjectPdu : public DtVdcPolyObjectPduBase {
   DtVdcPolyObjectPdu(const DtVdcPolyObjectPdu& other) = default;
   DtVdcPolyObjectPdu& operator=(const DtVdcPolyObjectPdu& other) = default;
   ~DtVdcPolyObjectPdu() override;
+
+ private:
+  DtPduStorage<412> storage_;
 };
 
 class VISTRAL_EXPORT DtVdcPolyObjectPduV0 : public DtVdcPolyObjectPduBase {
@@ -47,4 +50,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPduV0 : public DtVdcPolyObjectPduBase {
   DtVdcPolyObjectPduV0(const DtVdcPolyObjectPduV0& other) = default;
   DtVdcPolyObjectPduV0& operator=(const DtVdcPolyObjectPduV0& other) = default;
   ~DtVdcPolyObjectPduV0() override;
+
+ private:
+  DtPduStorage<412> storage_;
 };

@@ -20,7 +20,10 @@ class VISTRAL_EXPORT DtVdcTextPduBase : public DtVdcAttachablePdu {
   virtual DtString text() const;
 
  protected:
-  DtVdcTextPduBase() = default;
+  DtVdcTextPduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<452> storage_;  // a 64-byte text
 };
 
 class VISTRAL_EXPORT DtVdcTextPdu : public DtVdcTextPduBase {

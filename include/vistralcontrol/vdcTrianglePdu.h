@@ -21,7 +21,10 @@ class VISTRAL_EXPORT DtVdcTrianglePduBase : public DtVdcPolyObjectPduBase {
   virtual DtVector64 point(int index) const;
 
  protected:
-  DtVdcTrianglePduBase() = default;
+  DtVdcTrianglePduBase() { useStorage(storage_); }
+
+ private:
+  DtPduStorage<488> storage_;
 };
 
 class VISTRAL_EXPORT DtVdcTrianglePdu : public DtVdcTrianglePduBase {

@@ -102,6 +102,9 @@ class VISTRAL_EXPORT DtRequestStateVCPdu : public DtVistralControlPdu {
   explicit DtRequestStateVCPdu(DtBufferPlaceHolder* holder = nullptr);
   DtRequestStateVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
   ~DtRequestStateVCPdu() override;
+
+ private:
+  DtPduStorage<152> storage_;
 };
 
 // Any kind-202 image that no table recognises, so that its fixed part can still be read and printed.

@@ -18,20 +18,30 @@ DtPdu::~DtPdu() = default;
 
 void DtPdu::copyFrom(const DtPdu& other) {
   extent_ = 0;
-  if (!reserve(other.extent_)) return;
+  factory_ = other.factory_;
+  if (other.extent_ == 0 || !reserve(other.extent_)) return;
   std::memcpy(data(), other.data(), static_cast<std::size_t>(other.extent_));
   extent_ = other.extent_;
-  factory_ = other.factory_;
+}
+
+void DtPdu::adoptStorage(unsigned char* bytes, int capacity) {
+  if (extent_ > capacity) return;  // an image already larger stays where it is
+  if (extent_ > 0) std::memcpy(bytes, data_, static_cast<std::size_t>(extent_));
+  data_ = bytes;
+  capacity_ = capacity;
+  heap_.reset();
 }
 
 bool DtPdu::reserve(int bytes) {
-  if (bytes <= capacity()) return true;
-  if (bytes > kMaxLength + kInlineCapacity) return false;
-  const int newCapacity = std::min(std::max(bytes, 2 * capacity()), kMaxLength + kInlineCapacity);
+  if (bytes <= capacity_) return true;
+  if (bytes > kMaxLength) return false;
+  // A fixed-size image is allocated at its size; an image that keeps growing doubles.
+  const int newCapacity = heap_ ? std::min(std::max(bytes, 2 * capacity_), kMaxLength) : bytes;
   std::unique_ptr<unsigned char[]> bigger(new unsigned char[static_cast<std::size_t>(newCapacity)]);
-  std::memcpy(bigger.get(), data(), static_cast<std::size_t>(extent_));
+  if (extent_ > 0) std::memcpy(bigger.get(), data_, static_cast<std::size_t>(extent_));
   heap_ = std::move(bigger);
-  heapCapacity_ = newCapacity;
+  data_ = heap_.get();
+  capacity_ = newCapacity;
   return true;
 }
 
@@ -108,7 +118,7 @@ void DtPdu::print() const {
 
 void DtPdu::printData() const {
   const int body = std::max(0, std::min(length(), extent_) - kHeaderSize);
-  DtDumpHexBytes("Data", data() + kHeaderSize, body);
+  DtDumpHexBytes("Data", body > 0 ? data() + kHeaderSize : nullptr, body);
 }
 
 void DtPdu::printDataToStream(std::ostream& out) const {
@@ -117,7 +127,7 @@ void DtPdu::printDataToStream(std::ostream& out) const {
 }
 
 unsigned char* DtPdu::writableBeyondExtent(int offset, int width) {
-  if (offset < 0 || width < 0 || offset > capacity() - width) return nullptr;
+  if (offset < 0 || width <= 0 || offset > kMaxLength - width || !reserve(offset + width)) return nullptr;
   // A write past the initialised extent zero-fills the gap so that no byte is ever read uninitialised.
   std::memset(data() + extent_, 0, static_cast<std::size_t>(offset + width - extent_));
   extent_ = offset + width;

@@ -8,12 +8,14 @@
 using VcLayout::Absolute;
 
 DtAbsoluteVCPdu::DtAbsoluteVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Absolute::length, holder);
   setViewerCommand(DtVcAbsolute);
 }
 
 DtAbsoluteVCPdu::DtAbsoluteVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                  DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

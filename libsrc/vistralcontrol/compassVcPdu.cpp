@@ -11,12 +11,14 @@ constexpr VcText::AttachForm kForm{1, "ffffff", 1};
 }  // namespace
 
 DtCompassVCPdu::DtCompassVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Compass::length, holder);
   setViewerCommand(DtVcCompass);
 }
 
 DtCompassVCPdu::DtCompassVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

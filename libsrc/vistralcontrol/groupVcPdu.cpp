@@ -13,12 +13,14 @@ using VcEntityLists::List;
 using VcLayout::Group;
 
 DtGroupVCPdu::DtGroupVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Group::length, holder);
   setViewerCommand(DtVcGroup);
 }
 
 DtGroupVCPdu::DtGroupVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "tarvex/dtMessage.h"
-#include "vcLayout.h"
 #include "vistralcontrol/hVistralControlDecoder.h"
 #include "vistralcontrol/hVistralControlEncoder.h"
 
@@ -12,18 +11,10 @@ namespace {
 DtVistralControlPdu* asControlPdu(DtPdu* pdu) { return static_cast<DtVistralControlPdu*>(pdu); }
 
 // A new PDU read from another PDU's image, as a receiver would read it: nothing outside the source PDU's
-// length decides the class or is copied. An image that holds every byte creation reads is read where it
-// is; a shorter one is laid first into the reusable zero-tailed buffer that received values go through.
+// length decides the class or is copied.
 DtVistralControlPdu* reread(const DtVistralControlPdu& pdu) {
-  const int length = pdu.length();
-  const void* image = pdu.packet();
-  if (length < VcLayout::Fixed::classifiedBy) {
-    char* buffer = DtInteractionDecoder::decodingBuffer(static_cast<RTI::ULong>(length));
-    pdu.copyBytesAt(0, buffer, length);
-    image = buffer;
-  }
   return asControlPdu(
-      DtVistralControlPdu::create(static_cast<const DtNetPduHeader*>(image), nullptr, nullptr));
+      DtVistralControlPdu::create(reinterpret_cast<const DtNetPduHeader*>(pdu.packet()), nullptr, nullptr));
 }
 }  // namespace
 

@@ -6,12 +6,14 @@
 using VcLayout::TwoEntity;
 
 DtMimicTrackVCPdu::DtMimicTrackVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(TwoEntity::length, holder);
   setViewerCommand(DtVcMimicTrack);
 }
 
 DtMimicTrackVCPdu::DtMimicTrackVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                      DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

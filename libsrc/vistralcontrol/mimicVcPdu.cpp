@@ -8,12 +8,14 @@
 using VcLayout::Tether;
 
 DtMimicVCPdu::DtMimicVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Tether::length, holder);
   setViewerCommand(DtVcMimic);
 }
 
 DtMimicVCPdu::DtMimicVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -8,12 +8,14 @@ using VcEntityLists::List;
 using VcLayout::Modeless;
 
 DtModelessVCPdu::DtModelessVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Modeless::length, holder);
   setViewerCommand(DtVcModeless);
 }
 
 DtModelessVCPdu::DtModelessVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                  DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -9,6 +9,7 @@
 using VcLayout::Move;
 
 DtMoveVCPdu::DtMoveVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Move::length, holder);
   setViewerCommand(DtVcMove);
   setReset(false);
@@ -16,6 +17,7 @@ DtMoveVCPdu::DtMoveVCPdu(DtBufferPlaceHolder* holder) {
 
 DtMoveVCPdu::DtMoveVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                          DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -224,12 +224,14 @@ unsigned char pairValue(const char* pair) {
 }  // namespace
 
 DtOptionsPdu::DtOptionsPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Options::length, holder);
   setViewerCommand(DtVcOptions);
 }
 
 DtOptionsPdu::DtOptionsPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 
@@ -466,7 +468,7 @@ void DtOptionsPdu::setExit(bool on) { setOptionValue<DtVistralExit>(*this, on); 
 const char* DtOptionsPdu::string() const {
   const std::size_t bytes = static_cast<std::size_t>(std::max(0, length()));
   // Room for a whole fixed-size image on the stack; only a grown received image needs the heap.
-  char local[2 * DtPdu::kInlineCapacity + 1];
+  char local[2 * Options::length + 1];
   std::vector<char> large;
   char* out = local;
   if (2 * bytes + 1 > sizeof local) {

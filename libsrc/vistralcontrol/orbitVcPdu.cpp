@@ -11,12 +11,14 @@ constexpr VcText::AttachForm kForm{1, "fffffff", 1};
 }  // namespace
 
 DtOrbitVCPdu::DtOrbitVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Orbit::length, holder);
   setViewerCommand(DtVcOrbit);
 }
 
 DtOrbitVCPdu::DtOrbitVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -8,12 +8,14 @@
 using VcLayout::Pivot;
 
 DtPivotVCPdu::DtPivotVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Pivot::length, holder);
   setViewerCommand(DtVcPivot);
 }
 
 DtPivotVCPdu::DtPivotVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

@@ -6,12 +6,14 @@
 using VcLayout::TwoEntity;
 
 DtTetherTrackVCPdu::DtTetherTrackVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(TwoEntity::length, holder);
   setViewerCommand(DtVcTetherTrack);
 }
 
 DtTetherTrackVCPdu::DtTetherTrackVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                        DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

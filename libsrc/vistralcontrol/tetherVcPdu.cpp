@@ -8,12 +8,14 @@
 using VcLayout::Tether;
 
 DtTetherVCPdu::DtTetherVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Tether::length, holder);
   setViewerCommand(DtVcTether);
 }
 
 DtTetherVCPdu::DtTetherVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                              DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

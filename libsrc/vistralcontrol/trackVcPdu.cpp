@@ -11,12 +11,14 @@ constexpr VcText::AttachForm kForm{1, "lll", 1};
 }  // namespace
 
 DtTrackVCPdu::DtTrackVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(Track::length, holder);
   setViewerCommand(DtVcTrack);
 }
 
 DtTrackVCPdu::DtTrackVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 

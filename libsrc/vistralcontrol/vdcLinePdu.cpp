@@ -29,6 +29,7 @@ const char* const kArrowStyleNames[] = {"VdcStyleNoArrow", "VdcStyleArrowEnd", "
 }  // namespace
 
 DtVdcLinePdu::DtVdcLinePdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initDraw(VdcLayout::kLineTable.table, holder, DtVcDrawLine, kCurrentParamVersion);
   if (holder == nullptr) setRelativeLocations(kHalfWay);
   setNumSegments(1);
@@ -37,10 +38,11 @@ DtVdcLinePdu::DtVdcLinePdu(DtBufferPlaceHolder* holder) {
 
 DtVdcLinePdu::DtVdcLinePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                            DtPduFactory* factory) {
+  useStorage(storage_);
   initDraw(image, holder, factory, DtVcDrawLine);
 }
 
-DtVdcLinePdu::DtVdcLinePdu(NoImage) {}
+DtVdcLinePdu::DtVdcLinePdu(NoImage) { useStorage(storage_); }
 
 DtVdcLinePdu::~DtVdcLinePdu() = default;
 

@@ -20,6 +20,7 @@ constexpr int kFieldsAfterBlank = 20;
 DtVdcPolyObjectPduBase::~DtVdcPolyObjectPduBase() = default;
 
 DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, kCurrentParamVersion);
   if (holder == nullptr) {
     setRelativeLocations(kWholeWay);
@@ -29,18 +30,21 @@ DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder) {
 
 DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                        DtPduFactory* factory) {
+  useStorage(storage_);
   initDraw(image, holder, factory, DtVcDrawPolyObject);
 }
 
 DtVdcPolyObjectPdu::~DtVdcPolyObjectPdu() = default;
 
 DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, 0);
   if (holder == nullptr) setRelativeLocations(kHalfWay);
 }
 
 DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                            DtPduFactory* factory) {
+  useStorage(storage_);
   initDraw(image, holder, factory, DtVcDrawPolyObject);
 }
 

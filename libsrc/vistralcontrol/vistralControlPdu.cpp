@@ -1,5 +1,6 @@
 #include "vistralcontrol/vistralControlPdu.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdarg>
 #include <cstddef>
@@ -43,8 +44,6 @@ static_assert(offsetof(DtNetViewControlPdu, viewerId) == Fixed::viewerId &&
                   offsetof(DtNetViewControlPdu, ignoreFlags) == Fixed::ignoreFlags,
               "DtNetViewControlPdu is the fixed part");
 static_assert(DtRequestStateVCPdu::kLength == Fixed::length, "the request-state PDU is the fixed part alone");
-static_assert(DtPdu::kInlineCapacity >= VcLayout::Options::length,
-              "the largest fixed-size control PDU fits the inline storage");
 
 namespace {
 // The start-up banner is written once per process, by the first control PDU built empty or from an image.
@@ -180,12 +179,14 @@ const char* DtVistralControlPdu::formatText(const char* format, ...) const {
 // Request-state and unknown PDUs
 
 DtRequestStateVCPdu::DtRequestStateVCPdu(DtBufferPlaceHolder* holder) {
+  useStorage(storage_);
   initPdu(kLength, holder);
   setViewerCommand(DtVcRequestState);
 }
 
 DtRequestStateVCPdu::DtRequestStateVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                          DtPduFactory* factory) {
+  useStorage(storage_);
   initPdu(image, holder, factory);
 }
 
@@ -300,6 +301,14 @@ using MakeDraw = DtPdu* (*)(DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFac
 DtPdu* createBy(MakeDraw makeDraw, const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
                 DtPduFactory* factory) {
   if (image == nullptr || image->kind != DtVistralControlPdu::kPduKind) return nullptr;
+  // Nothing past the stated length decides the class: a shorter image is classified as if zero past its end.
+  unsigned char padded[Fixed::classifiedBy];
+  const int stated = DtWire::loadU16(bytesOf(image) + DtPdu::kLengthOffset);
+  if (stated < Fixed::classifiedBy) {
+    std::memset(padded, 0, sizeof padded);
+    std::memcpy(padded, image, static_cast<std::size_t>(std::max(stated, DtPdu::kHeaderSize)));
+    image = reinterpret_cast<const DtNetPduHeader*>(padded);
+  }
   auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
   if (DtPdu* pdu = DtVistralControlPdu::createViewControl(vc, holder, factory)) return pdu;
   if (DtPdu* pdu = makeDraw(vc, holder, factory)) return pdu;
