@@ -159,7 +159,12 @@ class TARVEX_EXPORT DtPdu {
   // before it builds or reads an image; the storage must live as long as this PDU.
   template <int Capacity>
   void useStorage(DtPduStorage<Capacity>& storage) {
-    adoptStorage(storage.bytes(), Capacity);
+    if (extent_ == 0 && !heap_) {  // a constructor's case: nothing to move
+      data_ = storage.bytes();
+      capacity_ = Capacity;
+    } else {
+      adoptStorage(storage.bytes(), Capacity);
+    }
   }
 
  private:
