@@ -270,3 +270,33 @@ TEST(DrawControlPdu, ShortReceivedImagesReadZeros) {
   line->setColor(0U, kRed);
   EXPECT_EQ(dumpOf(*line).find("Segment:"), std::string::npos);
 }
+
+// A line keeps a few segments inside itself; more move its image to the heap with every byte, and copies and
+// assignments carry the image whichever way it must move.
+TEST(DrawControlPdu, LinesOutgrowTheirStorageWithTheirBytes) {
+  DtVdcLinePdu line;
+  fillAttachable(line);
+  line.setNumSegments(200);
+  line.setThickness(0, 7);
+  line.setThickness(199, 9);
+  ASSERT_EQ(line.length(), 392 + 200 * 16);
+  const Bytes big = imageOf(line);
+
+  DtVdcLinePdu copy(line);
+  EXPECT_EQ(imageOf(copy), big);
+  DtVdcLinePdu small;
+  const Bytes fresh = imageOf(small);
+  small = line;  // into a line whose image sat inside it
+  EXPECT_EQ(imageOf(small), big);
+  line = DtVdcLinePdu();  // a small image back into the grown one
+  EXPECT_EQ(imageOf(line), fresh);
+  const DtVdcLinePdu& same = line;
+  line = same;
+  EXPECT_EQ(imageOf(line), fresh);
+
+  small.setNumSegments(1);  // shrinking keeps what is left
+  EXPECT_EQ(small.length(), 408);
+  EXPECT_EQ(small.thickness(0), 7);
+  EXPECT_EQ(small.objectId(), 0x01020304u);
+  EXPECT_EQ(copy.thickness(199), 9);
+}
