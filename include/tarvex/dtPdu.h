@@ -37,7 +37,9 @@ static_assert(sizeof(DtNetPduHeader) == 12, "PDU header is 12 bytes");
 
 // Room for an image inside a PDU object: a PDU class holds one sized for its own image and hands it to
 // DtPdu::useStorage before it builds or reads an image. Copying a PDU copies its image, which DtPdu does, so
-// copying the storage copies nothing.
+// copying the storage copies nothing. DtPdu's copy constructor runs before the class's storage exists, so a
+// PDU made by copy construction keeps its image on the heap, at the image's size; assignment copies into the
+// storage the PDU already has.
 template <int Capacity>
 class DtPduStorage {
  public:
