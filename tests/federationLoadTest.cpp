@@ -7,8 +7,11 @@
 
 #include "allocationCounter.h"
 #include "tarvex/dtExerciseConn.h"
+#include "testSupport.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/trackVcPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
 
@@ -108,4 +111,38 @@ TEST(FederationLoad, EveryControlPduKeepsItsImageInsideItself) {
     }
   }
   EXPECT_GE(classes, 30);
+}
+
+// An interaction given PDU after PDU of one class rebuilds its own where it lies; another class, or the one
+// the command selects, takes a new PDU; an image inside the held PDU is read before that PDU goes.
+TEST(FederationLoad, AnInteractionRebuildsItsPduInPlaceForTheSameClass) {
+  DtVistralControlInteraction inter;
+  DtOrbitVCPdu first;
+  first.setRadius(10);
+  inter.setVcPdu(first);
+  DtOrbitVCPdu second;
+  second.setRadius(20);
+  second.setStatusCommand(true);
+  std::uint64_t before = bench::allocationCount();
+  inter.setVcPdu(second);
+  EXPECT_EQ(bench::allocationCount() - before, 0u);
+  const auto* held = dynamic_cast<const DtOrbitVCPdu*>(inter.vcPdu());
+  ASSERT_NE(held, nullptr);
+  EXPECT_EQ(Bytes(held->packet(), held->packet() + held->length()),
+            Bytes(second.packet(), second.packet() + second.length()));
+  EXPECT_EQ(held->radius(), 20.0f);
+  EXPECT_TRUE(held->statusCommand());
+
+  second.setViewerCommand(DtVcTrack);  // an orbit object whose command selects the track class
+  before = bench::allocationCount();
+  inter.setVcPdu(second);
+  EXPECT_EQ(bench::allocationCount() - before, 1u);
+  EXPECT_NE(dynamic_cast<const DtTrackVCPdu*>(inter.vcPdu()), nullptr);
+
+  inter.setVcPdu(*inter.vcPdu());
+  inter.setFromNetPacket(reinterpret_cast<const DtNetPduHeader*>(inter.vcPdu()->packet()));
+  ASSERT_NE(dynamic_cast<const DtTrackVCPdu*>(inter.vcPdu()), nullptr);
+  EXPECT_EQ(inter.vcPdu()->viewerCommand(), DtVcTrack);
+  inter.setFromNetPacket(nullptr);
+  EXPECT_EQ(inter.vcPdu(), nullptr);
 }

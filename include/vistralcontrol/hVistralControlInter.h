@@ -45,5 +45,7 @@ class VISTRAL_EXPORT DtVistralControlInteraction : public DtInteractionWithEncDe
   static void removeCallback(DtExerciseConn* conn, Callback cb, void* usr);
 
  private:
+  void hold(const DtNetPduHeader* image, bool fromNet);
+
   DtVistralControlPdu* pdu_ = nullptr;
 };

@@ -12,6 +12,7 @@
 #include "tarvex/dtVector.h"
 #include "tarvex/dtViewerCommand.h"
 #include "tarvex/dtViewerOptions.h"
+#include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/moveVcPdu.h"
 #include "vistralcontrol/vistralControlPdu.h"
 #include "vistralcontrol/vistralExport.h"
@@ -221,4 +222,6 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   std::unique_ptr<DtExerciseConn> ownedConn_;
   bool ignoreOwnCommands_ = true;
   mutable DtDeferredRemoval removal_;  // callbacks removed while a received PDU walks them
+  // Carries every command to the connection; kept, so that commands of one class rebuild its PDU in place.
+  mutable DtVistralControlInteraction interaction_;
 };

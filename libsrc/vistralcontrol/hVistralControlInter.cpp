@@ -1,8 +1,11 @@
 #include "vistralcontrol/hVistralControlInter.h"
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "tarvex/dtMessage.h"
+#include "vcCreate.h"
 #include "vistralcontrol/hVistralControlDecoder.h"
 #include "vistralcontrol/hVistralControlEncoder.h"
 
@@ -60,15 +63,27 @@ DtInteractionEncoder* DtVistralControlInteraction::createEncoder(DtExerciseConn*
 
 const DtVistralControlPdu* DtVistralControlInteraction::vcPdu() const { return pdu_; }
 
+// The held PDU is replaced by one read from the image; one of the same class is rebuilt where it lies. An
+// image inside the held PDU is read into a new PDU before the held one goes.
+void DtVistralControlInteraction::hold(const DtNetPduHeader* image, bool fromNet) {
+  const std::less<const void*> before;
+  const bool inHeld = pdu_ != nullptr && image != nullptr && !before(image, pdu_->packet()) &&
+                      before(image, pdu_->packet() + pdu_->length());
+  if (inHeld) {
+    DtVistralControlPdu* copy = VcCreate::recreate(image, fromNet, nullptr);
+    delete pdu_;
+    pdu_ = copy;
+    return;
+  }
+  pdu_ = VcCreate::recreate(image, fromNet, std::exchange(pdu_, nullptr));
+}
+
 void DtVistralControlInteraction::setVcPdu(const DtVistralControlPdu& pdu) {
-  DtVistralControlPdu* copy = reread(pdu);  // read before deleting: pdu may be the one held
-  delete pdu_;
-  pdu_ = copy;
+  hold(reinterpret_cast<const DtNetPduHeader*>(pdu.packet()), false);
 }
 
 DtVistralControlInteraction& DtVistralControlInteraction::setFromNetPacket(const DtNetPduHeader* image) {
-  delete pdu_;
-  pdu_ = asControlPdu(DtVistralControlPdu::createFromNet(image, nullptr, nullptr));
+  hold(image, true);
   return *this;
 }
 

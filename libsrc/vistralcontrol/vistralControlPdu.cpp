@@ -7,9 +7,13 @@
 #include <cstdio>
 #include <cstring>
 #include <iterator>
+#include <memory>
+#include <new>
+#include <typeinfo>
 
 #include "tarvex/dtDump.h"
 #include "tarvex/dtMessage.h"
+#include "vcCreate.h"
 #include "vcLayout.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/compassVcPdu.h"
@@ -203,13 +207,26 @@ DtUnknownVistralControlPdu::~DtUnknownVistralControlPdu() = default;
 // Dispatch tables
 
 namespace {
-using FromImage = DtVistralControlPdu* (*)(const DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFactory*);
+using Reuse = std::unique_ptr<DtVistralControlPdu>;
+using FromImage = DtVistralControlPdu* (*)(const DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFactory*,
+                                           Reuse*);
 using MakeEmpty = DtVistralControlPdu* (*)();
 
+// A new T read from the image; built in the block of *reuse instead when that PDU is a T itself, so that
+// reading PDU after PDU of one class allocates nothing. A block whose new PDU fails to build is freed.
 template <class T>
 DtVistralControlPdu* fromImage(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                               DtPduFactory* factory) {
-  return new T(image, holder, factory);
+                               DtPduFactory* factory, Reuse* reuse) {
+  if (reuse == nullptr || *reuse == nullptr || typeid(**reuse) != typeid(T))
+    return new T(image, holder, factory);
+  T* block = static_cast<T*>(reuse->release());
+  block->~T();
+  try {
+    return new (static_cast<void*>(block)) T(image, holder, factory);
+  } catch (...) {
+    ::operator delete(static_cast<void*>(block));
+    throw;
+  }
 }
 
 template <class T>
@@ -284,22 +301,30 @@ constexpr DrawRow kDrawTable[] = {
     {DtVcDrawLayer, fromImage<DtVdcLayerPdu>, fromImage<DtVdcLayerPduV0>},
 };
 
-DtPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder) {
+// The factory is not handed on to draw-control objects.
+DtVistralControlPdu* buildDraw(FromImage DrawRow::*layout, const DtNetViewControlPdu* image,
+                               DtBufferPlaceHolder* holder, Reuse* reuse) {
   const int command = DtWire::loadU16(bytesOf(image) + Fixed::command);
   for (const DrawRow& row : kDrawTable) {
-    if (row.command == command) return (row.*layout)(image, holder, nullptr);
+    if (row.command == command) return (row.*layout)(image, holder, nullptr, reuse);
   }
   return nullptr;
 }
-}  // namespace
 
-namespace {
-using MakeDraw = DtPdu* (*)(DtNetViewControlPdu*, DtBufferPlaceHolder*, DtPduFactory*);
+DtVistralControlPdu* buildView(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
+                               DtPduFactory* factory, Reuse* reuse) {
+  bool status = false;
+  const ViewRow* row = viewRow(DtWire::loadU16(bytesOf(image) + Fixed::command), &status);
+  if (row == nullptr || row->fromImage == nullptr) return nullptr;
+  DtVistralControlPdu* pdu = row->fromImage(image, holder, factory, reuse);
+  if (status) pdu->setStatusCommand(true);
+  return pdu;
+}
 
-// A kind-202 image as a view-control class, else as a draw-control class by the given builder, else as an
-// unknown control PDU.
-DtPdu* createBy(MakeDraw makeDraw, const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
-                DtPduFactory* factory) {
+// A kind-202 image as a view-control class, else as a draw-control class (in the current layout when the
+// image comes from the network or says it is current, else in version 0), else as an unknown control PDU.
+DtVistralControlPdu* createBy(bool fromNet, const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
+                              DtPduFactory* factory, Reuse* reuse) {
   if (image == nullptr || image->kind != DtVistralControlPdu::kPduKind) return nullptr;
   // Nothing past the stated length decides the class: a shorter image is classified as if zero past its end.
   unsigned char padded[Fixed::classifiedBy];
@@ -309,33 +334,36 @@ DtPdu* createBy(MakeDraw makeDraw, const DtNetPduHeader* image, DtBufferPlaceHol
     std::memcpy(padded, image, static_cast<std::size_t>(std::max(stated, DtPdu::kHeaderSize)));
     image = reinterpret_cast<const DtNetPduHeader*>(padded);
   }
-  auto* vc = reinterpret_cast<DtNetViewControlPdu*>(const_cast<DtNetPduHeader*>(image));
-  if (DtPdu* pdu = DtVistralControlPdu::createViewControl(vc, holder, factory)) return pdu;
-  if (DtPdu* pdu = makeDraw(vc, holder, factory)) return pdu;
-  return new DtUnknownVistralControlPdu(vc, holder, factory);
+  const auto* vc = reinterpret_cast<const DtNetViewControlPdu*>(image);
+  if (DtVistralControlPdu* pdu = buildView(vc, holder, factory, reuse)) return pdu;
+  const bool current = fromNet || DtVistralControlPdu::drawControlParamVersion(vc) != 0;
+  if (DtVistralControlPdu* pdu = buildDraw(current ? &DrawRow::current : &DrawRow::v0, vc, holder, reuse))
+    return pdu;
+  return fromImage<DtUnknownVistralControlPdu>(vc, holder, factory, reuse);
 }
 }  // namespace
 
 DtPdu* DtVistralControlPdu::create(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
                                    DtPduFactory* factory) {
-  return createBy(&createDrawControl, image, holder, factory);
+  return createBy(false, image, holder, factory, nullptr);
 }
 
 // Received from the network: a draw-control image is read in the current layout whatever its version word.
 DtPdu* DtVistralControlPdu::createFromNet(const DtNetPduHeader* image, DtBufferPlaceHolder* holder,
                                           DtPduFactory* factory) {
-  return createBy(&createDrawControlCurrent, image, holder, factory);
+  return createBy(true, image, holder, factory, nullptr);
+}
+
+DtVistralControlPdu* VcCreate::recreate(const DtNetPduHeader* image, bool fromNet,
+                                        DtVistralControlPdu* reuse) {
+  Reuse held(reuse);  // deleted here unless the new PDU takes its block
+  return createBy(fromNet, image, nullptr, nullptr, &held);
 }
 
 DtPdu* DtVistralControlPdu::createViewControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                               DtPduFactory* factory) {
   if (image == nullptr) return nullptr;
-  bool status = false;
-  const ViewRow* row = viewRow(DtWire::loadU16(bytesOf(image) + Fixed::command), &status);
-  if (row == nullptr || row->fromImage == nullptr) return nullptr;
-  DtVistralControlPdu* pdu = row->fromImage(image, holder, factory);
-  if (status) pdu->setStatusCommand(true);
-  return pdu;
+  return buildView(image, holder, factory, nullptr);
 }
 
 DtPdu* DtVistralControlPdu::createDrawControl(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
@@ -349,13 +377,13 @@ DtPdu* DtVistralControlPdu::createDrawControl(DtNetViewControlPdu* image, DtBuff
 DtPdu* DtVistralControlPdu::createDrawControlCurrent(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                                      DtPduFactory* /*factory*/) {
   if (image == nullptr) return nullptr;
-  return buildDraw(&DrawRow::current, image, holder);
+  return buildDraw(&DrawRow::current, image, holder, nullptr);
 }
 
 DtPdu* DtVistralControlPdu::createDrawControlV0(DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                                 DtPduFactory* /*factory*/) {
   if (image == nullptr) return nullptr;
-  return buildDraw(&DrawRow::v0, image, holder);
+  return buildDraw(&DrawRow::v0, image, holder, nullptr);
 }
 
 int DtVistralControlPdu::drawControlParamVersion(const DtNetViewControlPdu* image) {

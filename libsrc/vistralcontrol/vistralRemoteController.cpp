@@ -493,10 +493,9 @@ void DtVistralRemoteController::send(const DtVistralControlPdu& pdu) const {
   addressed.setViewerId(targetId_);
   addressed.setSenderId(controllerId_);
   if (conn_ != nullptr && conn_->interClassDescByName(DtVistralControlInteraction::kClassName) != nullptr) {
-    DtVistralControlInteraction inter;
-    inter.setVcPdu(addressed);
+    interaction_.setVcPdu(addressed);
     // The class is there, so only a missing encoder fails the send, and the interaction warns about that.
-    static_cast<void>(conn_->sendInteraction(inter));
+    static_cast<void>(conn_->sendInteraction(interaction_));
   }
   if (sender_ != nullptr) sender_->sendPdu(addressed.packet(), addressed.length());
   addressed.setBytesAt(kIdsOffset, savedIds, sizeof savedIds);
