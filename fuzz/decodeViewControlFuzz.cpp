@@ -50,7 +50,14 @@ void examine(DtVistralControlInteraction& inter) {
   inter.printData();
   if (const DtVistralControlPdu* pdu = inter.vcPdu()) fuzz::readEverything(*pdu);
   const DtVistralControlInteraction copy(inter);
-  if (const DtVistralControlPdu* pdu = copy.vcPdu()) fuzz::readEverything(*pdu);
+  if (const DtVistralControlPdu* pdu = copy.vcPdu()) {
+    fuzz::readEverything(*pdu);
+    inter.setVcPdu(*pdu);  // the held PDU rebuilt in place from another of its class
+    if (const DtVistralControlPdu* held = inter.vcPdu()) {
+      inter.setFromNetPacket(reinterpret_cast<const DtNetPduHeader*>(held->packet()));  // from its own bytes
+      if (inter.vcPdu() != nullptr) fuzz::readEverything(*inter.vcPdu());
+    }
+  }
 }
 }  // namespace
 
