@@ -25,7 +25,7 @@ void DtPdu::copyFrom(const DtPdu& other) {
 }
 
 void DtPdu::adoptStorage(unsigned char* bytes, int capacity) {
-  if (extent_ > capacity) return;  // an image already larger stays where it is
+  if (bytes == data_ || extent_ > capacity) return;  // already there, or an image larger than it
   if (extent_ > 0) std::memcpy(bytes, data_, static_cast<std::size_t>(extent_));
   data_ = bytes;
   capacity_ = capacity;
