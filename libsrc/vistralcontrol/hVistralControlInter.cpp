@@ -69,13 +69,10 @@ void DtVistralControlInteraction::hold(const DtNetPduHeader* image, bool fromNet
   const std::less<const void*> before;
   const bool inHeld = pdu_ != nullptr && image != nullptr && !before(image, pdu_->packet()) &&
                       before(image, pdu_->packet() + pdu_->length());
-  if (inHeld) {
-    DtVistralControlPdu* copy = VcCreate::recreate(image, fromNet, nullptr);
-    delete pdu_;
-    pdu_ = copy;
-    return;
-  }
-  pdu_ = VcCreate::recreate(image, fromNet, std::exchange(pdu_, nullptr));
+  DtVistralControlPdu* made =
+      VcCreate::recreate(image, fromNet, inHeld ? nullptr : std::exchange(pdu_, nullptr));
+  delete pdu_;  // still held only when the image lay in it
+  pdu_ = made;
 }
 
 void DtVistralControlInteraction::setVcPdu(const DtVistralControlPdu& pdu) {
