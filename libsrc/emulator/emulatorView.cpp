@@ -150,6 +150,13 @@ bool carries(const DtVistralControlPdu& pdu) {
   return dynamic_cast<const P*>(&pdu) != nullptr;
 }
 
+// The attached entity and its marking text, under the first entity's bit, in every mode that follows one.
+template <class P>
+void attachTarget(std::vector<FieldRule>& f) {
+  f.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+  f.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+}
+
 // The heading and pitch offsets and the roll of the sphere modes share the group's offset bits and the
 // orientation's roll bit.
 template <class P>
@@ -188,8 +195,7 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtTetherVCPdu;
     ModeRules m{DtVcTether, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    attachTarget<P>(m.fields);
     vectorFields<P, &P::topoUpOffset, &P::setTopoUpOffset>(m.fields, "topoUpOffset", kTetherX, kTetherY,
                                                            kTetherZ);
     angleFields<P, &P::orientation, &P::setOrientation>(m.fields, "orientation");
@@ -198,8 +204,7 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtCompassVCPdu;
     ModeRules m{DtVcCompass, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    attachTarget<P>(m.fields);
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
     m.fields.push_back(
         number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
@@ -210,8 +215,7 @@ std::vector<ModeRules> buildRules() {
   for (int command : {int{DtVcMimic}, int{DtVcOffsetMimic}}) {
     using P = DtMimicVCPdu;  // offset mimic is a mimic PDU with its own command
     ModeRules m{command, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    attachTarget<P>(m.fields);
     vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kAttachX, kAttachY, kAttachZ);
     angleFields<P, &P::bodyOrientation, &P::setBodyOrientation>(m.fields, "bodyOrientation");
     all.push_back(std::move(m));
@@ -219,8 +223,7 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtOrbitVCPdu;
     ModeRules m{DtVcOrbit, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+    attachTarget<P>(m.fields);
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
     m.fields.push_back(
         number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
