@@ -135,6 +135,11 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
   }
   code = code_part(line)
   text = (comment > 0) ? substr(line, comment + 2) : ""
+  # A NOLINT marker's explanation documents the member: "// NOLINT: implicit by design" reads "implicit by design".
+  if (comment > 0 && code !~ /^[ \t]*$/ && text ~ /^[ \t]*NOLINT[^:]*:/) {
+    sub(/^[ \t]*NOLINT[^:]*:/, "", text)
+    line = code "//" text
+  }
   plain = (text ~ /^[\/!]/ || text ~ /^[ \t]*(NOLINT|clang-format)/)
   bodyBefore = in_body()
   blank = (code ~ /^[ \t]*$/)
@@ -147,6 +152,13 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
     cut[NR] = comment
   }
 
+  # Every PDU class takes a received image through one constructor of the same form; say so once, here.
+  if (comment == 0 && !bodyBefore && code ~ /\(const DtNetViewControlPdu\* image, DtBufferPlaceHolder\* holder,/)
+    imageCtor = 1
+  if (imageCtor && !bodyBefore && code ~ /\);[ \t]*$/) {
+    out[NR] = code "  ///< Takes a copy of a received image; DtVistralControlPdu::createFromNet builds received PDUs through this."
+    imageCtor = 0
+  }
   inEnum = (depth > 0 && kind[depth] == "enum")
   if (bodyBefore) {
     track(code)

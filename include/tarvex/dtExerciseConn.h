@@ -83,6 +83,9 @@ class TARVEX_EXPORT DtInteractionFactory {
   unsigned version_ = 0;
 };
 
+// One federate joined to one federation execution: the way onto a federation for the controller, the
+// drawer, the emulator and the application alike. The header's notes say how the backend, the FOM and
+// delivery are chosen.
 class TARVEX_EXPORT DtExerciseConn {
  public:
   // executionName: the federation execution; a URL ("rti://...", "thread://...") selects the RTI backend.
@@ -102,8 +105,10 @@ class TARVEX_EXPORT DtExerciseConn {
   DtExerciseConn(const DtExerciseConn&) = delete;
   DtExerciseConn& operator=(const DtExerciseConn&) = delete;
 
+  // Whether this build has an HLA 1.3 RTI backend (configured with VISTRAL_RTI13_ROOT).
   static bool rtiBackendBuiltIn();
 
+  // The names the connection joined with.
   const DtString& executionName() const;
   const DtString& federateName() const;
   // "inprocess" or "rti13".
@@ -118,6 +123,7 @@ class TARVEX_EXPORT DtExerciseConn {
   int interClassCount() const;
   DtInterClassDesc* interClassDesc(int index) const;
 
+  // The decoders, encoders and interaction creators by class; DtVistralControlRegister fills them.
   DtInteractionDecoderList& decoderList();
   DtInteractionEncoderList& encoderList();
   DtInteractionFactory& interactionFactory();

@@ -17,6 +17,7 @@ class TARVEX_EXPORT DtListItem {
   std::unique_ptr<DtListItem> next_;
 };
 
+// The list: items in insertion order, each pointing at data the caller keeps.
 class TARVEX_EXPORT DtList {
  public:
   DtList() = default;

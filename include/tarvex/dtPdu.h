@@ -57,6 +57,7 @@ class DtPduStorage {
   alignas(8) unsigned char bytes_[Capacity];
 };
 
+// The PDU base: one network image, owned, with bounded accessors by offset and width.
 class TARVEX_EXPORT DtPdu {
  public:
   static constexpr int kHeaderSize = 12;

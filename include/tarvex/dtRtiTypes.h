@@ -7,6 +7,7 @@
 
 namespace tarvex {
 
+// The HLA 1.3 names that encoders and decoders use, under the class name the standard API gives them.
 class TARVEX_EXPORT RTI {
  public:
   typedef unsigned short UShort;
@@ -73,6 +74,7 @@ class TARVEX_EXPORT RTI {
     virtual ULong next(ULong index) const = 0;
   };
 
+  // Makes parameter sets for encoders to fill.
   class TARVEX_EXPORT ParameterSetFactory {
    public:
     // A new, empty set; the caller owns it.

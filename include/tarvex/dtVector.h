@@ -31,6 +31,7 @@ class TARVEX_EXPORT DtVector64 {
   double v_[3] = {0.0, 0.0, 0.0};
 };
 
+// An orientation as Tait-Bryan angles: psi (heading), theta (pitch) and phi (roll).
 class TARVEX_EXPORT DtTaitBryan {
  public:
   constexpr DtTaitBryan() = default;

@@ -53,8 +53,11 @@ enum DtVistralOption : int {
   DtVistralDatabaseToLoad = 27,
 };
 
+// Viewer options (viewer command 11, 1539 bytes): presence bits and a field per option. A viewer changes only
+// the options a PDU marks present.
 class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
  public:
+  // Options 28 and up, named inside the class; option numbers are bit positions in the presence bitfields.
   static constexpr DtVistralOption DtVistralStepsize = static_cast<DtVistralOption>(28);
   static constexpr DtVistralOption DtVistralTurnrate = static_cast<DtVistralOption>(29);
   static constexpr DtVistralOption DtVistralDate = static_cast<DtVistralOption>(30);

@@ -66,6 +66,7 @@ class VISTRAL_EXPORT DtVdcBarAttributeTemplateObject : public DtVdcAttributeTemp
   double maxRange_;
 };
 
+// An attribute panel's layout: a named group template that owns one attribute template per value.
 class VISTRAL_EXPORT DtVdcAttributeGroupTemplateObject : public DtVdcObject {
  public:
   using DtVdcAttributeType = DtVdcAttributeTemplateObject::DtVdcAttributeType;

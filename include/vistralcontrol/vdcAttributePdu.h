@@ -34,6 +34,7 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   DtPduStorage<472> storage_;  // a 64-byte name
 };
 
+// An attribute PDU in the current layout.
 class VISTRAL_EXPORT DtVdcAttributePdu : public DtVdcAttributePduBase {
  public:
   explicit DtVdcAttributePdu(DtBufferPlaceHolder* holder = nullptr);
@@ -43,6 +44,7 @@ class VISTRAL_EXPORT DtVdcAttributePdu : public DtVdcAttributePduBase {
   ~DtVdcAttributePdu() override;
 };
 
+// An attribute PDU in the version-0 layout.
 class VISTRAL_EXPORT DtVdcAttributePduV0 : public DtVdcAttributePduBase {
  public:
   explicit DtVdcAttributePduV0(DtBufferPlaceHolder* holder = nullptr);

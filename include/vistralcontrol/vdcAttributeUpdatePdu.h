@@ -31,6 +31,7 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePduBase : public DtVistralDrawControlPd
   DtPduStorage<260> storage_;  // a 64-byte text
 };
 
+// An attribute update in the current layout.
 class VISTRAL_EXPORT DtVdcAttributeUpdatePdu : public DtVdcAttributeUpdatePduBase {
  public:
   explicit DtVdcAttributeUpdatePdu(DtBufferPlaceHolder* holder = nullptr);
@@ -41,6 +42,7 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePdu : public DtVdcAttributeUpdatePduBas
   ~DtVdcAttributeUpdatePdu() override;
 };
 
+// An attribute update in the version-0 layout.
 class VISTRAL_EXPORT DtVdcAttributeUpdatePduV0 : public DtVdcAttributeUpdatePduBase {
  public:
   explicit DtVdcAttributeUpdatePduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -26,6 +26,7 @@ class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
   DtPduStorage<176> storage_;
 };
 
+// A command on a drawn object in the current layout.
 class VISTRAL_EXPORT DtVdcCommandPdu : public DtVdcCommandPduBase {
  public:
   explicit DtVdcCommandPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -35,6 +36,7 @@ class VISTRAL_EXPORT DtVdcCommandPdu : public DtVdcCommandPduBase {
   ~DtVdcCommandPdu() override;
 };
 
+// A command on a drawn object in the version-0 layout.
 class VISTRAL_EXPORT DtVdcCommandPduV0 : public DtVdcCommandPduBase {
  public:
   explicit DtVdcCommandPduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -31,6 +31,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPduBase : public DtVdcAttachablePdu {
   DtVdcPolyObjectPduBase() = default;
 };
 
+// A poly object in the current layout.
 class VISTRAL_EXPORT DtVdcPolyObjectPdu : public DtVdcPolyObjectPduBase {
  public:
   explicit DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -43,6 +44,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPdu : public DtVdcPolyObjectPduBase {
   DtPduStorage<412> storage_;
 };
 
+// A poly object in the version-0 layout.
 class VISTRAL_EXPORT DtVdcPolyObjectPduV0 : public DtVdcPolyObjectPduBase {
  public:
   explicit DtVdcPolyObjectPduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -15,6 +15,7 @@
 class DtExerciseConn;
 class DtFomMapper;
 
+// A retained overlay scene: owns drawing objects by id and sends what becomes of them as draw-control PDUs.
 class VISTRAL_EXPORT DtVistralRemoteDrawer {
  public:
   // The receiver id that addresses every viewer.

@@ -7,6 +7,7 @@
 
 enum DtVdcVector2DOffset : int { DtVdcVector2DX = 0, DtVdcVector2DY = 1 };
 
+// Two components in the screen plane: a point of the screen (0 to 1 on each axis) or a step between two.
 class VISTRAL_EXPORT DtVdcVector2D {
  public:
   static const DtVdcVector2D vec_zero;

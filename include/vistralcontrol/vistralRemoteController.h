@@ -51,6 +51,7 @@ constexpr unsigned long Step = 0x01000000;
 constexpr unsigned long All = 0xFFFFFFFF;
 }  // namespace DtVcIgnore
 
+// Steers one target viewer: one operation per command, every field the caller leaves out marked "ignore".
 class VISTRAL_EXPORT DtVistralRemoteController {
  public:
   // Same values as the move PDU's directions, passed on unchanged.

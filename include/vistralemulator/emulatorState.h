@@ -34,6 +34,7 @@ struct DtEmulatorEye {
   int resets = 0;
 };
 
+// How the viewer looks at the scene: its mode, every mode's parameters, its group and its eye point.
 struct DtEmulatorViewState {
   int mode = 0;  // the viewer command of the current mode; a viewer starts in absolute mode
   std::map<int, DtEmulatorModeState> modes;  // by viewer command, every mode ever commanded
@@ -43,6 +44,7 @@ struct DtEmulatorViewState {
   DtEmulatorEye eye;
 };
 
+// A colour as a PDU carried it, 0 to 255 per channel.
 struct DtEmulatorColor {
   int r = 255, g = 255, b = 255, a = 255;
 };
@@ -57,6 +59,7 @@ struct DtEmulatorAnchor {
   DtEmulatorVec offset{};
 };
 
+// One segment of a drawn line, as its PDU's segment table gave it.
 struct DtEmulatorSegment {
   DtEmulatorColor color;
   std::uint32_t pattern = 0xFFFFFFFF;
@@ -122,6 +125,7 @@ struct DtEmulatorObject {
   std::set<std::uint32_t> hiddenAttributes;
 };
 
+// What the emulator has done with the PDUs it received.
 struct DtEmulatorCounters {
   long received = 0;        // control PDUs taken
   long ignored = 0;         // PDUs for other viewers, status reports of other viewers, unknown commands
@@ -129,6 +133,7 @@ struct DtEmulatorCounters {
   long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
 };
 
+// Everything the emulated viewer holds, by topic.
 struct VISTRAL_EMULATOR_EXPORT DtEmulatorState {
   std::string viewerId;
   DtEmulatorViewState view;

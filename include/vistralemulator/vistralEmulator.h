@@ -15,6 +15,7 @@
 class DtExerciseConn;
 class DtVistralControlInteraction;
 
+// The emulated viewer: takes the PDUs addressed to it and keeps its state as a viewer would.
 class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
  public:
   // On the application's connection (not owned): registers "ViewControl" on it and listens.
