@@ -159,6 +159,13 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
     out[NR] = code "  ///< Takes a copy of a received image; DtVistralControlPdu::createFromNet builds received PDUs through this."
     imageCtor = 0
   }
+  # And every PDU class's plain constructor builds a new image of the class.
+  if (comment == 0 && !bodyBefore && !doc && code ~ /^[ \t]*explicit Dt[A-Za-z0-9]+\(DtBufferPlaceHolder\* holder = nullptr\);/) {
+    if (FILENAME ~ /VcPdu\.h$/)
+      out[NR] = code "  ///< A new PDU of the class at its full length, zero but for the header and the command: no field is ignored."
+    else
+      out[NR] = code "  ///< A new PDU of the class in its layout, at the length of its fixed fields."
+  }
   inEnum = (depth > 0 && kind[depth] == "enum")
   if (bodyBefore) {
     track(code)

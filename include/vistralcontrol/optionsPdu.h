@@ -100,6 +100,7 @@ class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
   static constexpr DtVistralOption DtVistralFeatureFilename = static_cast<DtVistralOption>(64);
   static constexpr DtVistralOption DtVistralFeatureCommand = static_cast<DtVistralOption>(66);
 
+  // An options PDU with no option present, 1539 bytes.
   explicit DtOptionsPdu(DtBufferPlaceHolder* holder = nullptr);
   DtOptionsPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
   ~DtOptionsPdu() override;

@@ -52,6 +52,8 @@ enum DtVdcObjectType : int {
   DtVdcLayer = 2590,
 };
 
+// The base of the draw-control PDUs: the object id and draw-object type after the fixed part, in the layout
+// its version mark names.
 class VISTRAL_EXPORT DtVistralDrawControlPdu : public DtVistralControlPdu {
  public:
   static constexpr unsigned kCurrentParamVersion = 1;
