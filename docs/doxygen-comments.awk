@@ -5,10 +5,12 @@
 #   // text            above a declaration                  becomes  /// text
 #   code;  // text     after a member or an enumerator      becomes  code;  ///< text
 #
-# A comment speaks for the run of declarations under it, up to the next blank line, comment or access label
-# (a setter with its getter, a set of overloads, the accessors of one section), so the run becomes a member
-# group whose members share it. Constructors, destructors and assignments never join a run they do not start,
-# nor does anything join theirs: each of those needs its own words.
+# A comment heads the paragraph of declarations under it, up to the next blank line, comment or access label
+# (a setter with its getter, a set of overloads, the accessors of one section), so the paragraph becomes a
+# member group whose members share it: a declaration that the comment does not speak for needs a comment of
+# its own. Constructors, destructors and assignments never join a paragraph they do not start, nor does
+# anything join theirs: each of those needs its own words. An override of another name ends the paragraph: it
+# has its base's comment unless it has its own.
 #
 # A header's opening comment speaks for the class it opens onto; when the header opens onto anything else
 # (declarations, enumerations, several small types), it is the file's description.
@@ -105,6 +107,18 @@ function special(code, s, name) {
   return depth > 0 && name == cls[depth]
 }
 
+# What a declaration is about: a function's name without a "set" prefix (so that a setter and its getter
+# share it, as overloads do), or "" for a declaration that is no function (a field, a constant, a type).
+function stem(code, s) {
+  if (index(code, "(") == 0) return ""
+  s = substr(code, 1, index(code, "(") - 1)
+  sub(/[ \t]+$/, "", s)
+  if (!match(s, /~?[A-Za-z_][A-Za-z0-9_]*$/)) return "?"
+  s = substr(s, RSTART, RLENGTH)
+  if (s ~ /^set[A-Z]/) s = tolower(substr(s, 4, 1)) substr(s, 5)
+  return s
+}
+
 function close_run(at, line) {
   if (runCount >= 2) {
     line = out[runStart]
@@ -188,8 +202,9 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
       isSpecial = special(code)
       if (doc) {
         close_run()
-        runStart = NR; runEnd = NR; runCount = 1; runSpecial = isSpecial
-      } else if (runCount > 0 && !isSpecial && !runSpecial) {
+        runStart = NR; runEnd = NR; runCount = 1; runSpecial = isSpecial; runStem = stem(code)
+      } else if (runCount > 0 && !isSpecial && !runSpecial && (stem(code) == runStem || code !~ /[ \t]override[ \t;]/)) {
+        if (stem(code) != runStem) mixed = mixed FILENAME ":" NR ": " code "\n"
         runCount++
         runEnd = NR
       } else {
@@ -205,6 +220,8 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
 
 END {
   close_run()
+  # With -v review=1: the declarations that joined a paragraph headed by another name, for a reader to check.
+  if (review && mixed != "") printf "%s", mixed > "/dev/stderr"
   # The opening comment belongs to the file unless the header opens onto a class definition.
   if (pragma && opened != "class") out[pragma] = "/// \\file"
   for (i = 1; i <= NR; i++) print out[i]
