@@ -120,7 +120,8 @@ function stem(code, s) {
 }
 
 function close_run(at, line) {
-  if (runCount >= 2) {
+  # A declaration of several names ("float x, y, z;") is a run by itself.
+  if (runCount >= 2 || (runCount == 1 && runMulti)) {
     line = out[runStart]
     match(line, /^[ \t]*/)
     out[runStart] = substr(line, 1, RLENGTH) "/**@{*/ " substr(line, RLENGTH + 1)
@@ -185,12 +186,15 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
     track(code)
     if (runCount > 0 && !in_body()) runEnd = NR
   } else if (blank) {
+    # A declaration never runs across an empty line (macro invocations above one end without a semicolon).
+    if (comment == 0) pending = ""
     close_run()
     doc = (comment > 0 && !plain)
   } else if (code ~ /^[ \t]*(public|protected|private)[ \t]*:/ || code ~ /^[ \t]*}/ || inEnum) {
     close_run()
     doc = 0
     track(code)
+    if (code ~ /^[ \t]*(public|protected|private)[ \t]*:/) pending = ""
   } else if (index(code, "{") > 0 && scope_kind(pending substr(code, 1, index(code, "{") - 1)) != "body") {
     # A class, namespace or enumeration is no member of a run.
     close_run()
@@ -203,6 +207,7 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
       if (doc) {
         close_run()
         runStart = NR; runEnd = NR; runCount = 1; runSpecial = isSpecial; runStem = stem(code)
+        runMulti = (index(code, "(") == 0 && code ~ /,/)
       } else if (runCount > 0 && !isSpecial && !runSpecial && (stem(code) == runStem || code !~ /[ \t]override[ \t;]/)) {
         if (stem(code) != runStem) mixed = mixed FILENAME ":" NR ": " code "\n"
         runCount++

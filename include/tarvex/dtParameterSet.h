@@ -10,6 +10,7 @@
 class TARVEX_EXPORT DtParameterSet final : public RTI::ParameterHandleValuePairSet {
  public:
   DtParameterSet() = default;
+  // Room for expectedSize values before the arrays grow.
   explicit DtParameterSet(RTI::ULong expectedSize);
   ~DtParameterSet() override;
 

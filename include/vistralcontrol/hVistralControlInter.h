@@ -8,6 +8,7 @@
 
 class VISTRAL_EXPORT DtVistralControlInteraction : public DtInteractionWithEncDec {
  public:
+  // Hears one received interaction, with the argument given when it was added; valid during the call only.
   using Callback = void (*)(DtVistralControlInteraction* inter, void* usr);
   // The FOM interaction class and its one parameter.
   static constexpr const char* kClassName = "ViewControl";

@@ -8,6 +8,7 @@
 #include "tarvex/dtViewerOptions.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
+// What the video capture option tells the viewer's recorder to do.
 enum DtVistralControlVideoCaptureCommand : int {
   DtVistralControlVideoCaptureStop = 0,
   DtVistralControlVideoCapturePause = 1,
@@ -15,6 +16,7 @@ enum DtVistralControlVideoCaptureCommand : int {
   DtVistralControlVideoCaptureRecord = 3,
 };
 
+// What the feature option does with the feature file it names.
 enum DtVistralControlFeatureCommand : int {
   DtVistralControlFeatureLoad = 0,
   DtVistralControlFeatureClear = 1,

@@ -7,6 +7,7 @@
 
 class VISTRAL_EXPORT DtVdcAreaPduBase : public DtVdcPolyObjectPduBase {
  public:
+  // The points an area PDU holds at most.
   static constexpr int kMaxPoints = 16;
 
   DtVdcAreaPduBase(const DtVdcAreaPduBase& other) = default;

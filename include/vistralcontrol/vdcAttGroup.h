@@ -50,7 +50,9 @@ class VISTRAL_EXPORT DtVdcAttributeGroupObject : public DtVdcObject {
   DtVdcAttributeGroupObject(unsigned int id, DtVdcAttributeGroupTemplateObject* groupTemplate,
                             const DtVdc3DAttachPoint& attachment, const DtVector64& enuOffset,
                             DtVdcColor color, bool flashing);
+  // The copy holds copies of the values and shows the same group template.
   DtVdcAttributeGroupObject(const DtVdcAttributeGroupObject& other);
+  // Takes copies of the other's values and its group template.
   DtVdcAttributeGroupObject& operator=(const DtVdcAttributeGroupObject& other);
   ~DtVdcAttributeGroupObject() override;
 

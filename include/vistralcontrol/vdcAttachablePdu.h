@@ -25,7 +25,9 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   };
 
   DtVdcAttachablePdu();
+  // Copies the other PDU's image.
   DtVdcAttachablePdu(const DtVdcAttachablePdu& other);
+  // Copies the other PDU's image into this one's storage.
   DtVdcAttachablePdu& operator=(const DtVdcAttachablePdu& other);
   ~DtVdcAttachablePdu() override;
 
@@ -35,6 +37,7 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // How the object is anchored, as the last attachTo (or setAttachmentType) left it.
   virtual DtVcObjectAttachment attachmentType() const;
   // Position 1 in screen percent: two signed bytes, x and y; z keeps its value.
   virtual void attachTo(const char* pos);

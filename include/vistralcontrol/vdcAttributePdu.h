@@ -16,6 +16,7 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   const char* string() const override;
   void printData() const override;
 
+  // The attribute's name, a 64-byte text at the PDU's end, and the id of the group it belongs to.
   virtual void setName(DtString name);
   virtual DtString name() const;
   virtual DtNetU32 attributeGroupId() const;

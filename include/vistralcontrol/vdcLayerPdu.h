@@ -14,6 +14,7 @@ class VISTRAL_EXPORT DtVdcLayerPduBase : public DtVistralDrawControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The layer's name, a text at the PDU's end.
   virtual void setName(DtString name);
   virtual DtString name() const;
 

@@ -11,6 +11,7 @@
 
 class VISTRAL_EXPORT DtVdcLine2DObject : public DtVdcObject {
  public:
+  // The segment looks, as DtVdcLineSegment names them.
   using DtVdcSegmentStyle = DtVdcLineSegment::DtVdcSegmentStyle;
   using DtVdcSegmentArrowStyle = DtVdcLineSegment::DtVdcSegmentArrowStyle;
 

@@ -32,6 +32,7 @@ class VISTRAL_EXPORT DtVistralRemoteDrawer {
   // Through a connection of its own, made from the leading arguments; the sender id is the federate name.
   DtVistralRemoteDrawer(const char* execName, const char* federateName, DtFomMapper* mapper,
                         const char* fedFile, const DtString& receiverId, unsigned int firstId);
+  // The same, naming the backend and an RTI ambassador as DtExerciseConn's second constructor does.
   DtVistralRemoteDrawer(const char* execName, const char* federateName, const char* fedFile,
                         const char* backend, void* rtiAmbassador, const DtString& receiverId,
                         unsigned int firstId);

@@ -5,6 +5,7 @@
 
 class VISTRAL_EXPORT DtVdcTrianglePduBase : public DtVdcPolyObjectPduBase {
  public:
+  // A triangle's corners.
   static constexpr int kNumPoints = 3;
 
   DtVdcTrianglePduBase(const DtVdcTrianglePduBase& other) = default;

@@ -90,6 +90,7 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   // Joins a federation on a connection of its own, made from the leading arguments as DtExerciseConn's are.
   DtVistralRemoteController(const char* execName, const char* federateName, DtFomMapper* mapper,
                             const char* fedFile, const DtString& target);
+  // The same, naming the backend and an RTI ambassador as DtExerciseConn's second constructor does.
   DtVistralRemoteController(const char* execName, const char* federateName, const char* fedFile,
                             const char* backend, void* rtiAmbassador, const DtString& target);
   virtual ~DtVistralRemoteController();
