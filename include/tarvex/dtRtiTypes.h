@@ -18,6 +18,7 @@ class TARVEX_EXPORT RTI {
   typedef double Double;
   typedef float Float;
 
+  // The standard API's truth values.
   enum Boolean { RTI_FALSE = 0, RTI_TRUE };
 
   // The RTI's exception base: a reason text and the exception's class name, both static texts.
@@ -32,6 +33,7 @@ class TARVEX_EXPORT RTI {
     virtual ~Exception();
   };
 
+// Declares one of the standard API's exception classes, named after itself.
 #define TARVEX_RTI_EXCEPTION(Name)                                           \
   class TARVEX_EXPORT Name : public Exception {                              \
    public:                                                                   \

@@ -69,6 +69,7 @@ class VISTRAL_EXPORT DtVdcLinePdu : public DtVdcAttachablePdu {
  protected:
   // For the version-0 classes, which build their own image.
   struct NoImage {};
+  // Builds no image: the version-0 class's constructor builds its own.
   explicit DtVdcLinePdu(NoImage);
 
  private:

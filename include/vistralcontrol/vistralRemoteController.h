@@ -75,6 +75,7 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   struct VISTRAL_EXPORT CbStruct {
     // Registered for viewerName; called with userData.
     CbStruct(const DtString& viewerName, Callback cb, void* userData);
+    // The viewer it listens to, the function and its argument.
     DtString viewer;
     Callback function;
     void* usr;
