@@ -84,8 +84,8 @@ class TARVEX_EXPORT RTI {
     virtual void moveFrom(const ParameterHandleValuePairSet& other, ULong& index) = 0;
     // Removes every value.
     virtual void empty() = 0;
-    // Walks the indices: start() gives the first, next() the one after, and valid() says whether an index holds
-    // a value.
+    // Walks the indices: start() gives the first, next() the one after, and valid() says whether an index
+    // holds a value.
     virtual ULong start() const = 0;
     virtual ULong valid(ULong index) const = 0;
     virtual ULong next(ULong index) const = 0;

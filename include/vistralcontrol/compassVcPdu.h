@@ -16,8 +16,8 @@ class VISTRAL_EXPORT DtCompassVCPdu : public DtVistralControlPdu {
   void printData() const override;
 
   // The eye's place on a sphere around the attached entity: its radius (ignore bit DtVcIgnore::Radius), the
-  // body heading (BodyHeading) and pitch (Pitch) on it, then heading and pitch offsets and a roll. Each travels
-  // as a 32-bit float.
+  // body heading (BodyHeading) and pitch (Pitch) on it, then heading and pitch offsets and a roll. Each
+  // travels as a 32-bit float.
   float radius() const;
   void setRadius(float radius);
   float bodyHeading() const;

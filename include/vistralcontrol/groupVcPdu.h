@@ -18,8 +18,8 @@ class VISTRAL_EXPORT DtGroupVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
-  // Where the eye looks at the group from: its distance (ignore bit DtVcIgnore::GroupRadialOffset), heading and
-  // pitch, and heading and pitch offsets (GroupHeadingOffset, GroupPitchOffset). Each travels as a 32-bit
+  // Where the eye looks at the group from: its distance (ignore bit DtVcIgnore::GroupRadialOffset), heading
+  // and pitch, and heading and pitch offsets (GroupHeadingOffset, GroupPitchOffset). Each travels as a 32-bit
   // float.
   float radialOffset() const;
   void setRadialOffset(float offset);

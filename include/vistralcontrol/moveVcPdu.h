@@ -18,7 +18,8 @@ class VISTRAL_EXPORT DtMoveVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
-  // One step of the eye: the direction it turns in and the direction it moves in (ignore bit DtVcIgnore::Step).
+  // One step of the eye: the direction it turns in and the direction it moves in (ignore bit
+  // DtVcIgnore::Step).
   Direction turn() const;
   void setTurn(Direction direction);
   Direction move() const;

@@ -15,9 +15,9 @@ class VISTRAL_EXPORT DtOrbitVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
-  // The sphere around the attached entity: its radius (ignore bit DtVcIgnore::Radius), how fast the eye circles
-  // it (AzimuthRate), the heading (Heading) and pitch (Pitch) it starts from, then heading and pitch offsets and
-  // a roll. Each travels as a 32-bit float.
+  // The sphere around the attached entity: its radius (ignore bit DtVcIgnore::Radius), how fast the eye
+  // circles it (AzimuthRate), the heading (Heading) and pitch (Pitch) it starts from, then heading and pitch
+  // offsets and a roll. Each travels as a 32-bit float.
   float radius() const;
   void setRadius(float radius);
   float azimuthRate() const;

@@ -13,7 +13,8 @@ class VISTRAL_EXPORT DtVdcEllipsoidObject : public DtVdcEllipsoidCuboidBase {
   DtVdcEllipsoidObject& operator=(const DtVdcEllipsoidObject& other) = default;
   ~DtVdcEllipsoidObject() override;
 
-  // The diameter along each axis; the setter changes the object only, the PDU follows at the next updatePdu().
+  // The diameter along each axis; the setter changes the object only, the PDU follows at the next
+  // updatePdu().
   virtual const DtVector64& diameters() const;
   virtual void setDiameters(const DtVector64& diameters);
 };

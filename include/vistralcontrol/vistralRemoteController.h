@@ -68,7 +68,8 @@ class VISTRAL_EXPORT DtVistralRemoteController {
     FORWARDS = DtMoveVCPdu::FORWARDS,
     BACKWARDS = DtMoveVCPdu::BACKWARDS
   };
-  // Hears a PDU from a viewer, with the argument given at registration; the PDU is valid during the call only.
+  // Hears a PDU from a viewer, with the argument given at registration; the PDU is valid during the call
+  // only.
   using Callback = void (*)(const DtVistralControlPdu& pdu, void* usr);
 
   // One registered callback: the viewer whose PDUs it wants ("0:0:0" for all), the function and its argument.
