@@ -43,6 +43,7 @@ class VISTRAL_EXPORT DtVistralControlInteraction : public DtInteractionWithEncDe
   // Calls cb(interaction, usr) for each "ViewControl" interaction the connection receives, and registers
   // create with the connection's interaction factory.
   static void addCallback(DtExerciseConn* conn, Callback cb, void* usr);
+  // Removes a callback added with the same connection, function and argument.
   static void removeCallback(DtExerciseConn* conn, Callback cb, void* usr);
 
  private:

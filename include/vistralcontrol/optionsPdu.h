@@ -176,6 +176,7 @@ class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
   void setFarFog(double distance);
   bool texture() const;
   void setTexture(bool on);
+  // More options, with setters and getters as above.
   // Texts are cut to their field (256, 64 or 32 bytes), with no terminator when they fill it.
   DtString databaseToLoad() const;
   void setDatabaseToLoad(const DtString& name);

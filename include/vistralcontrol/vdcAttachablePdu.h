@@ -57,6 +57,7 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   // Percent along the anchor; version 0 keeps one value whatever the index.
   virtual void setRelativeLocation(unsigned char percent, int index);
   virtual unsigned char relativeLocation(int index) const;
+  // An offset from the anchor.
   virtual void setOffset(const DtVector64& offset);
   virtual DtVector64 offset() const;
   // Anchors by index 0 or 1; any other index gives the null string, 0 or the zero vector.
@@ -66,8 +67,10 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   // Four bytes r, g, b, a; color() points into the PDU (null only for an image too short to hold them).
   virtual void setColor(unsigned char* rgba);
   virtual const unsigned char* color() const;
+  // Whether the object flashes.
   virtual void setFlashing(bool flashing);
   virtual bool flashing() const;
+  // Sets the attachment type alone, leaving the anchors' fields as they are.
   virtual void setAttachmentType(DtVcObjectAttachment type);
 
   // The type's name without "Dt", or "UnknownEnum".

@@ -23,6 +23,7 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   virtual void setAttributeGroupId(DtNetU32 groupId);
   // The whole flag byte: a flashing attribute reports a range.
   virtual bool hasRange() const;
+  // The ends of the range.
   virtual double rangeMin() const;
   virtual double rangeMax() const;
   // Writes both values and sets the whole flag byte to 1, which clears flashing.

@@ -37,6 +37,7 @@ class VISTRAL_EXPORT DtVdcLine2DObject : public DtVdcObject {
   virtual int numSegments() const;
   // Resizes to that many default segments (none for a negative count).
   virtual void setNumSegments(int count);
+  // Each segment's look, by segment index.
   virtual const DtVdcColor& color(int segment) const;
   virtual DtVdcColor& color(int segment);
   virtual void setColor(const DtVdcColor& color, int segment);

@@ -19,6 +19,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPduBase : public DtVdcAttachablePdu {
   // const, yet it writes the PDU's flag byte: callers hold poly objects by const reference when filling.
   virtual void setFill(bool fill) const;
   virtual bool fill() const;
+  // The 32-bit pattern the shape is drawn with.
   virtual void setPattern(DtNetU32 pattern);
   virtual DtNetU32 pattern() const;
   // Stored in single precision.

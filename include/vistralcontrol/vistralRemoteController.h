@@ -110,15 +110,21 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   virtual void removeViewModeChangeCallback(Callback cb, void* usr, const DtString& viewer);
   // Asks the target viewer for its mode; the argument is not used (the request goes to the target viewer).
   virtual void requestCurrentViewMode(const DtString& viewer) const;
+  // Modeless commands: the entity the viewer treats as primary, as secondary, or both at once.
   virtual void setPrimary(const DtString& primary) const;
   virtual void setSecondary(const DtString& secondary) const;
   virtual void setPrimarySecondary(const DtString& primary, const DtString& secondary) const;
+  // Modeless commands on the viewed group: replace it with the list, add the list to it, or remove the list
+  // from it.
   virtual void setGroup(const DtGlobalObjectDesignatorList& list) const;
   virtual void addToGroup(const DtGlobalObjectDesignatorList& list) const;
   virtual void removeFromGroup(const DtGlobalObjectDesignatorList& list) const;
+  // A move command that resets the eye, every other field ignored.
   virtual void reset() const;
+  // A move command of one step, or one turn, in the direction.
   virtual void moveEyepoint(Direction direction) const;
   virtual void turnEyepoint(Direction direction) const;
+  // Options commands: the size of a step and the rate of a turn, set outright or one notch up or down.
   virtual void setStepsize(float size) const;
   virtual void setTurnrate(float rate) const;
   virtual void increaseStepsize() const;
@@ -215,6 +221,7 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   virtual void send(const DtVistralControlPdu& pdu) const;
   // Hands a received PDU to every callback registered for its viewer or for all viewers.
   virtual void processVistralControl(DtVistralControlInteraction* inter) const;
+  // What setGroupMode (wide 0) and setWideGroupMode (wide 1) send.
   virtual void sendGroupPdu(const DtGlobalObjectDesignatorList* list, const float* radial,
                             const float* heading, const float* pitch, int wide) const;
 
