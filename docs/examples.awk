@@ -31,7 +31,9 @@ fence { if (file != "") print > file; next }
   }
   next
 }
-/^#+ / { heading = $0; sub(/^#+ +/, "", heading); section = slug(heading) }
+# A page's title (level 1) names no section; "{#label}" anchors are not part of a heading's text.
+/^# / { heading = $0; sub(/^# +/, "", heading); sub(/ *\{#[^}]*\} *$/, "", heading); section = ""; next }
+/^#+ / { heading = $0; sub(/^#+ +/, "", heading); sub(/ *\{#[^}]*\} *$/, "", heading); section = slug(heading) }
 END {
   dox = out "/examples.dox"
   print "/**" > dox
