@@ -8,7 +8,7 @@
 # A comment heads the paragraph of declarations under it, up to the next blank line, comment or access label
 # (a setter with its getter, a set of overloads, the accessors of one section), so the paragraph becomes a
 # member group whose members share it: a declaration that the comment does not speak for needs a comment of
-# its own. Constructors, destructors and assignments never join a paragraph they do not start, nor does
+# its own. A paragraph of functions takes no fields or constants, and one of fields no functions. Constructors, destructors and assignments never join a paragraph they do not start, nor does
 # anything join theirs: each of those needs its own words. An override of another name ends the paragraph: it
 # has its base's comment unless it has its own.
 #
@@ -163,9 +163,9 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
   if (comment > 0 && !plain && !bodyBefore) {
     if (blank) out[NR] = code "///" text
     else if (code !~ /^[ \t]*}/) out[NR] = code "///<" text
-  } else if (comment > 0) {
-    cut[NR] = comment
   }
+  # A paragraph's closing mark goes before the line's comment, never into it.
+  if (comment > 0 && !blank) cut[NR] = comment
 
   # Every PDU class takes a received image through one constructor of the same form; say so once, here.
   if (comment == 0 && !bodyBefore && code ~ /\(const DtNetViewControlPdu\* image, DtBufferPlaceHolder\* holder,/)
@@ -208,7 +208,7 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
         close_run()
         runStart = NR; runEnd = NR; runCount = 1; runSpecial = isSpecial; runStem = stem(code)
         runMulti = (index(code, "(") == 0 && code ~ /,/)
-      } else if (runCount > 0 && !isSpecial && !runSpecial && (stem(code) == runStem || code !~ /[ \t]override[ \t;]/)) {
+      } else if (runCount > 0 && !isSpecial && !runSpecial && (stem(code) == runStem || code !~ /[ \t]override[ \t;]/) && ((stem(code) == "") == (runStem == ""))) {
         if (stem(code) != runStem) mixed = mixed FILENAME ":" NR ": " code "\n"
         runCount++
         runEnd = NR
