@@ -52,7 +52,7 @@ class VISTRAL_EXPORT DtVdcAttributeGroupObject : public DtVdcObject {
                             DtVdcColor color, bool flashing);
   // The copy holds copies of the values and shows the same group template.
   DtVdcAttributeGroupObject(const DtVdcAttributeGroupObject& other);
-  // Takes copies of the other's values and its group template.
+  // Takes the other's placement, look and group template, and copies of its values.
   DtVdcAttributeGroupObject& operator=(const DtVdcAttributeGroupObject& other);
   ~DtVdcAttributeGroupObject() override;
 
