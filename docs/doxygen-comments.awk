@@ -151,10 +151,7 @@ BEGIN { depth = 0; pending = ""; continued = 0; runCount = 0; doc = 0; header = 
   code = code_part(line)
   text = (comment > 0) ? substr(line, comment + 2) : ""
   # A NOLINT marker's explanation documents the member: "// NOLINT: implicit by design" reads "implicit by design".
-  if (comment > 0 && code !~ /^[ \t]*$/ && text ~ /^[ \t]*NOLINT[^:]*:/) {
-    sub(/^[ \t]*NOLINT[^:]*:/, "", text)
-    line = code "//" text
-  }
+  if (comment > 0 && code !~ /^[ \t]*$/ && text ~ /^[ \t]*NOLINT[^:]*:/) sub(/^[ \t]*NOLINT[^:]*:/, "", text)
   plain = (text ~ /^[\/!]/ || text ~ /^[ \t]*(NOLINT|clang-format)/)
   bodyBefore = in_body()
   blank = (code ~ /^[ \t]*$/)
