@@ -2,7 +2,7 @@
 
 #include "tarvex/dtDump.h"
 #include "vcEntityLists.h"
-#include "vcLayout.h"
+#include "vcViewLayout.h"
 
 using VcEntityLists::List;
 using VcLayout::Modeless;

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vcText.h"
 #include "vdcLayout.h"
 
 using VdcLayout::kPoly;

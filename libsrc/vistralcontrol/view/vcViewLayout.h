@@ -1,29 +1,10 @@
-// Wire layouts of the control PDUs: every offset is stated here once, and the accessors, text forms and dumps
-// read them from here. Offsets are from the first byte of the PDU header.
+// Wire layouts of the view-control bodies and of the options PDU, behind the fixed part that every control
+// PDU shares. Every offset is stated here once; the accessors, text forms and dumps read them from here.
 #pragma once
 
+#include "core/vcLayout.h"
+
 namespace VcLayout {
-
-// Width of a name field (entity id, viewer id) and of a marking-text field.
-constexpr int kNameWidth = 64;
-
-// The fixed part shared by every control PDU.
-struct Fixed {
-  static constexpr int viewerId = 12;
-  static constexpr int senderId = viewerId + kNameWidth;  // 76
-  static constexpr int command = 146;
-  static constexpr int ignoreFlags = 152;
-  static constexpr int length = 152;  // the request-state PDU ends here, before the ignore flags
-  static constexpr int bodyStart = ignoreFlags + 4;
-  // Draw-control images carry a mark where view-control images carry their ignore flags.
-  static constexpr int drawMark = 152;
-  static constexpr int drawVersion = 156;
-  // What the creation of a PDU from an image reads besides the image's own stated length: the kind, the
-  // length, the command and the draw mark and version all lie before this.
-  static constexpr int classifiedBy = drawVersion + 2;
-};
-static_assert(Fixed::senderId + kNameWidth + 6 == Fixed::command, "reserved bytes 140..145");
-static_assert(Fixed::bodyStart == 156, "view-control bodies start at 156");
 
 struct Absolute {
   static constexpr int location = 160;               // 3 x f64; 156..159 padding

@@ -1,8 +1,8 @@
 #include "vistralcontrol/trackVcPdu.h"
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vcLayout.h"
-#include "vcText.h"
+#include "vcViewLayout.h"
 
 using VcLayout::Track;
 

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vcText.h"
 #include "vdcLayout.h"
 
 using VdcLayout::kText;

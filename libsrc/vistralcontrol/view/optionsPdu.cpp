@@ -9,7 +9,7 @@
 
 #include "tarvex/dtDump.h"
 #include "tarvex/dtWire.h"
-#include "vcLayout.h"
+#include "vcViewLayout.h"
 
 using VcLayout::Options;
 

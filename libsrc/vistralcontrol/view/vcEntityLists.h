@@ -3,7 +3,7 @@
 #pragma once
 
 #include "tarvex/dtString.h"
-#include "vcLayout.h"
+#include "vcViewLayout.h"
 
 class DtPdu;
 

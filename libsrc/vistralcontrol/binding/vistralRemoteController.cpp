@@ -4,9 +4,9 @@
 #include <cstring>
 #include <iterator>
 
+#include "core/vcLayout.h"
 #include "tarvex/dtDump.h"
 #include "tarvex/dtExerciseConn.h"
-#include "vcLayout.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/compassVcPdu.h"
 #include "vistralcontrol/groupVcPdu.h"

@@ -2,9 +2,9 @@
 // interface: written once here over either class.
 #pragma once
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
 #include "tarvex/dtVector.h"
-#include "vcText.h"
 
 namespace VcTwoEntity {
 

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <vector>
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vcText.h"
 #include "vdcLayout.h"
 
 using VdcLayout::kAttachable;

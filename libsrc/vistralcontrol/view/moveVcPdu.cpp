@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "tarvex/dtDump.h"
-#include "vcLayout.h"
+#include "vcViewLayout.h"
 
 using VcLayout::Move;
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
+#include "core/vcCreate.h"
 #include "tarvex/dtMessage.h"
-#include "vcCreate.h"
 #include "vistralcontrol/hVistralControlDecoder.h"
 #include "vistralcontrol/hVistralControlEncoder.h"
 

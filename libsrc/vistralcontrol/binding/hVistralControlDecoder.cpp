@@ -1,7 +1,7 @@
 #include "vistralcontrol/hVistralControlDecoder.h"
 
+#include "core/vcLayout.h"
 #include "tarvex/dtWire.h"
-#include "vcLayout.h"
 #include "vistralcontrol/hVistralControlInter.h"
 
 DtVistralControlDecoder::DtVistralControlDecoder(DtExerciseConn* conn, DtInterClassDesc* classDesc)

@@ -4,7 +4,7 @@
 // Offsets are from the first byte of the PDU header.
 #pragma once
 
-#include "vcLayout.h"
+#include "core/vcLayout.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
 
 namespace VdcLayout {

@@ -1,7 +1,7 @@
 #include "vistralcontrol/mimicTrackVcPdu.h"
 
-#include "vcLayout.h"
 #include "vcTwoEntity.h"
+#include "vcViewLayout.h"
 
 using VcLayout::TwoEntity;
 

@@ -1,9 +1,9 @@
 #include "vistralcontrol/mimicVcPdu.h"
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vcLayout.h"
 #include "vcOffsetAttach.h"
-#include "vcText.h"
+#include "vcViewLayout.h"
 
 using VcLayout::Tether;
 

@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
 #include "vcEntityLists.h"
-#include "vcLayout.h"
-#include "vcText.h"
+#include "vcViewLayout.h"
 
 using VcEntityLists::List;
 using VcLayout::Group;

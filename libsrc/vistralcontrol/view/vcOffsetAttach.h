@@ -2,9 +2,9 @@
 // offset mimic), which share one layout: written once here over the class's own accessors.
 #pragma once
 
+#include "core/vcText.h"
 #include "tarvex/dtDump.h"
 #include "tarvex/dtVector.h"
-#include "vcText.h"
 
 namespace VcOffsetAttach {
 

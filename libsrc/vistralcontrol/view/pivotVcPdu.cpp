@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "tarvex/dtDump.h"
-#include "vcLayout.h"
+#include "vcViewLayout.h"
 
 using VcLayout::Pivot;
 
