@@ -11,12 +11,6 @@
 #include "vistralcontrol/vdcCommandPdu.h"
 
 namespace {
-// The attribute commands have no enumerator of their own.
-constexpr unsigned int kShowGroupAttribute = 2516;
-constexpr unsigned int kShowAttribute = 2517;
-constexpr unsigned int kHideGroupAttribute = 2518;
-constexpr unsigned int kHideAttribute = 2519;
-
 bool hasType(DtVdcObject& obj, DtVdcObjectType type) {
   return static_cast<std::uint32_t>(obj.pdu().type()) == static_cast<std::uint32_t>(type);
 }
@@ -144,13 +138,15 @@ void DtVistralRemoteDrawer::update(unsigned int objectId) {
 void DtVistralRemoteDrawer::show(unsigned int objectId) { sendCommand(DtVdcCommandShow, objectId, nullptr); }
 
 void DtVistralRemoteDrawer::showAttribute(unsigned int groupId, unsigned int attributeId) {
-  sendCommand(isAttributeGroup(groupId) ? kShowGroupAttribute : kShowAttribute, attributeId, &groupId);
+  sendCommand(isAttributeGroup(groupId) ? DtVdcCommandShowGroupAttribute : DtVdcCommandShowTemplateAttribute,
+              attributeId, &groupId);
 }
 
 void DtVistralRemoteDrawer::hide(unsigned int objectId) { sendCommand(DtVdcCommandHide, objectId, nullptr); }
 
 void DtVistralRemoteDrawer::hideAttribute(unsigned int groupId, unsigned int attributeId) {
-  sendCommand(isAttributeGroup(groupId) ? kHideGroupAttribute : kHideAttribute, attributeId, &groupId);
+  sendCommand(isAttributeGroup(groupId) ? DtVdcCommandHideGroupAttribute : DtVdcCommandHideTemplateAttribute,
+              attributeId, &groupId);
 }
 
 void DtVistralRemoteDrawer::sendDrawControlPdu(DtVistralDrawControlPdu& pdu) {

@@ -66,6 +66,12 @@ const DtString& DtGroupVCPdu::entityToAdd(int index) const {
 void DtGroupVCPdu::setEntityToAdd(int index, const DtString& id) {
   VcEntityLists::setEntry(*this, Group::lists, List::Add, index, id);
 }
+int DtGroupVCPdu::entitiesToRemoveInImage() const {
+  return VcEntityLists::entriesInImage(*this, Group::lists, List::Remove);
+}
+int DtGroupVCPdu::entitiesToAddInImage() const {
+  return VcEntityLists::entriesInImage(*this, Group::lists, List::Add);
+}
 
 const char* DtGroupVCPdu::string() const {
   const int removeCount = numEntitiesToRemove();

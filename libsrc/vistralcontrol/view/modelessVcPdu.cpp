@@ -59,6 +59,12 @@ const DtString& DtModelessVCPdu::entityToAdd(int index) const {
 void DtModelessVCPdu::setEntityToAdd(int index, const DtString& id) {
   VcEntityLists::setEntry(*this, Modeless::lists, List::Add, index, id);
 }
+int DtModelessVCPdu::entitiesToRemoveInImage() const {
+  return VcEntityLists::entriesInImage(*this, Modeless::lists, List::Remove);
+}
+int DtModelessVCPdu::entitiesToAddInImage() const {
+  return VcEntityLists::entriesInImage(*this, Modeless::lists, List::Add);
+}
 
 void DtModelessVCPdu::printData() const {
   DtVistralControlPdu::printData();
