@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 DtVdcArea3DObject::DtVdcArea3DObject(unsigned int id, std::vector<DtVector64> points, DtVdcColor color,
                                      const DtString& textureDirectory, const DtString& textureFilename,
@@ -15,14 +15,12 @@ DtVdcArea3DObject::DtVdcArea3DObject(unsigned int id, std::vector<DtVector64> po
       textureFilename_(textureFilename),
       textureDirectory_(textureDirectory),
       numTextureTiles_(numTextureTiles) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdc3DArea);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, DtVdc3DArea);
 }
 
-DtVdcArea3DObject::~DtVdcArea3DObject() = default;
-
-DtVistralDrawControlPdu& DtVdcArea3DObject::pdu() { return pdu_; }
+VDC_OBJECT_PDU(DtVdcArea3DObject)
+VDC_OBJECT_COLOR(DtVdcArea3DObject)
+VDC_OBJECT_FLASHING(DtVdcArea3DObject)
 
 void DtVdcArea3DObject::updatePdu() {
   setPduPoints();
@@ -31,11 +29,6 @@ void DtVdcArea3DObject::updatePdu() {
   setPduTexture();
 }
 
-const DtVdcColor& DtVdcArea3DObject::color() const { return color_; }
-DtVdcColor& DtVdcArea3DObject::color() { return color_; }
-void DtVdcArea3DObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcArea3DObject::flashing() const { return flashing_; }
-void DtVdcArea3DObject::setFlashing(bool flashing) { flashing_ = flashing; }
 const DtString& DtVdcArea3DObject::textureDirectory() const { return textureDirectory_; }
 void DtVdcArea3DObject::setTextureDirectory(const DtString& directory) { textureDirectory_ = directory; }
 const DtString& DtVdcArea3DObject::textureFilename() const { return textureFilename_; }
@@ -57,8 +50,6 @@ void DtVdcArea3DObject::setPduPoints() {
   // The PDU keeps what fits its table and ignores the rest.
   for (int i = 0; i < numPoints_; ++i) pdu_.setPoint(i, points_[static_cast<std::size_t>(i)]);
 }
-void DtVdcArea3DObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
-void DtVdcArea3DObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
 void DtVdcArea3DObject::setPduTexture() {
   pdu_.setTextureDirectory(textureDirectory_);
   pdu_.setTextureFilename(textureFilename_);

@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcAttGroup.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 #include "vdcThrow.h"
 
 DtVdcAttributeGroupObject::DtVdcAttributeGroupObject(unsigned int id,
@@ -45,9 +45,11 @@ DtVdcAttributeGroupObject& DtVdcAttributeGroupObject::operator=(const DtVdcAttri
   return *this;
 }
 
-DtVdcAttributeGroupObject::~DtVdcAttributeGroupObject() = default;
-
-DtVistralDrawControlPdu& DtVdcAttributeGroupObject::pdu() { return pdu_; }
+VDC_OBJECT_PDU(DtVdcAttributeGroupObject)
+VDC_OBJECT_COLOR(DtVdcAttributeGroupObject)
+VDC_OBJECT_FLASHING(DtVdcAttributeGroupObject)
+VDC_OBJECT_ENU_OFFSET(DtVdcAttributeGroupObject)
+VDC_OBJECT_SINGLE_ATTACHMENT(DtVdcAttributeGroupObject)
 
 void DtVdcAttributeGroupObject::updatePdu() {
   setPduAttach();
@@ -59,25 +61,11 @@ void DtVdcAttributeGroupObject::updatePdu() {
 DtVdcAttributeGroupTemplateObject* DtVdcAttributeGroupObject::attributeGroupTemplate() const {
   return groupTemplate_;
 }
-const DtVdc3DAttachPoint& DtVdcAttributeGroupObject::attachment() const { return attachment_; }
-DtVdc3DAttachPoint& DtVdcAttributeGroupObject::attachment() { return attachment_; }
-void DtVdcAttributeGroupObject::setAttachment(const DtVdc3DAttachPoint& attachment) {
-  attachment_ = attachment;
-}
-const DtVector64& DtVdcAttributeGroupObject::enuOffset() const { return enuOffset_; }
-DtVector64& DtVdcAttributeGroupObject::enuOffset() { return enuOffset_; }
-void DtVdcAttributeGroupObject::setEnuOffset(const DtVector64& offset) { enuOffset_ = offset; }
-const DtVdcColor& DtVdcAttributeGroupObject::color() const { return color_; }
-DtVdcColor& DtVdcAttributeGroupObject::color() { return color_; }
-void DtVdcAttributeGroupObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcAttributeGroupObject::flashing() const { return flashing_; }
-void DtVdcAttributeGroupObject::setFlashing(bool flashing) { flashing_ = flashing; }
 
 DtVdcAttributeValue& DtVdcAttributeGroupObject::valueAt(unsigned int attributeId, const char* function,
                                                         int line) const {
   std::unique_ptr<DtVdcAttributeValue>& slot = values_[attributeId];
-  if (!slot)
-    throw DtException("Invalid attribute ID", function, "libsrc/vistralcontrol/vdcAttGroup.cpp", line);
+  if (!slot) VDC_THROW_IN("Invalid attribute ID", function, "vdcAttGroup.cpp", line);
   return *slot;
 }
 
@@ -155,11 +143,6 @@ void DtVdcAttributeGroupObject::updateAttributePdu(unsigned int attributeId) {
 void DtVdcAttributeGroupObject::updateAllAttributePdus() {
   for (const auto& entry : values_) updateAttributePdu(entry.first);
 }
-
-void DtVdcAttributeGroupObject::setPduAttach() { VdcFill::attachSingle(pdu_, attachment_); }
-void DtVdcAttributeGroupObject::setPduOffset() { pdu_.setOffset(enuOffset_); }
-void DtVdcAttributeGroupObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
-void DtVdcAttributeGroupObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
 
 void DtVdcAttributeGroupObject::createAttributes() {
   if (groupTemplate_ == nullptr) return;

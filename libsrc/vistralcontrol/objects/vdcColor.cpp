@@ -73,32 +73,21 @@ void DtVdcColor::fromHSV() {
   blue_ = rgb[sector][2];
 }
 
+namespace {
+// Red, green, blue, alpha by index 0..3; another index is refused, naming the operator that was asked.
+template <class Channel>
+Channel& channelAt(Channel* const (&rgba)[4], int index, const char* function, int line) {
+  if (index < 0 || index > 3) VDC_THROW_IN("Invalid index (should be 0..3)", function, "vdcColor.cpp", line);
+  return *rgba[index];
+}
+}  // namespace
+
 unsigned int DtVdcColor::operator[](int index) const {
-  switch (index) {
-    case 0:
-      return red_;
-    case 1:
-      return green_;
-    case 2:
-      return blue_;
-    case 3:
-      return alpha_;
-    default:
-      VDC_THROW_AT("Invalid index (should be 0..3)", "vdcColor.cpp", 93);
-  }
+  const unsigned int* const rgba[4] = {&red_, &green_, &blue_, &alpha_};
+  return channelAt(rgba, index, __PRETTY_FUNCTION__, 93);
 }
 
 unsigned int& DtVdcColor::operator[](int index) {
-  switch (index) {
-    case 0:
-      return red_;
-    case 1:
-      return green_;
-    case 2:
-      return blue_;
-    case 3:
-      return alpha_;
-    default:
-      VDC_THROW_AT("Invalid index (should be 0..3)", "vdcColor.cpp", 115);
-  }
+  unsigned int* const rgba[4] = {&red_, &green_, &blue_, &alpha_};
+  return channelAt(rgba, index, __PRETTY_FUNCTION__, 115);
 }

@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcCylinderObj.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 const DtTaitBryan DtVdcCylinderObject::zeros(0.0, 0.0, 0.0);
 
@@ -15,9 +15,7 @@ DtVdcCylinderObject::DtVdcCylinderObject(unsigned int id, const DtVdc3DAttachPoi
       color_(color),
       rotation_(rotation),
       flashing_(flashing) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdcCylinder);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, DtVdcCylinder);
 }
 
 DtVdcCylinderObject::DtVdcCylinderObject(unsigned int id, const DtVdc3DAttachPoint& start,
@@ -32,49 +30,29 @@ DtVdcCylinderObject::DtVdcCylinderObject(unsigned int id, const DtVdc3DAttachPoi
       color_(color),
       rotation_(zeros),
       flashing_(flashing) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdcCylinder);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, DtVdcCylinder);
 }
 
-DtVdcCylinderObject::~DtVdcCylinderObject() = default;
+VDC_OBJECT_PDU(DtVdcCylinderObject)
+VDC_OBJECT_COLOR(DtVdcCylinderObject)
+VDC_OBJECT_FLASHING(DtVdcCylinderObject)
+VDC_OBJECT_ENU_OFFSET(DtVdcCylinderObject)
+VDC_OBJECT_ATTACHMENT(DtVdcCylinderObject, start_)
+VDC_OBJECT_ORIENTATION(DtVdcCylinderObject)
 
-DtVistralDrawControlPdu& DtVdcCylinderObject::pdu() { return pdu_; }
+void DtVdcCylinderObject::updatePdu() { VdcFill::updateSolid(*this); }
 
-void DtVdcCylinderObject::updatePdu() {
-  setPduAttach();
-  setPduScale();
-  setPduOffset();
-  setPduColor();
-  setPduFlashing();
-  setPduRotation();
-}
-
-const DtVdc3DAttachPoint& DtVdcCylinderObject::attachment() const { return start_; }
-DtVdc3DAttachPoint& DtVdcCylinderObject::attachment() { return start_; }
-void DtVdcCylinderObject::setAttachment(const DtVdc3DAttachPoint& attachment) { start_ = attachment; }
 const DtVdc3DAttachPoint& DtVdcCylinderObject::startAttachment() const { return start_; }
 DtVdc3DAttachPoint& DtVdcCylinderObject::startAttachment() { return start_; }
 void DtVdcCylinderObject::setStartAttachment(const DtVdc3DAttachPoint& attachment) { start_ = attachment; }
 const DtVdc3DAttachPoint& DtVdcCylinderObject::endAttachment() const { return end_; }
 DtVdc3DAttachPoint& DtVdcCylinderObject::endAttachment() { return end_; }
 void DtVdcCylinderObject::setEndAttachment(const DtVdc3DAttachPoint& attachment) { end_ = attachment; }
-const DtVector64& DtVdcCylinderObject::enuOffset() const { return enuOffset_; }
-DtVector64& DtVdcCylinderObject::enuOffset() { return enuOffset_; }
-void DtVdcCylinderObject::setEnuOffset(const DtVector64& offset) { enuOffset_ = offset; }
 double DtVdcCylinderObject::length() const { return length_; }
 void DtVdcCylinderObject::setLength(double length) { length_ = length; }
 const DtVdcVector2D& DtVdcCylinderObject::diameters() const { return diameters_; }
 DtVdcVector2D& DtVdcCylinderObject::diameters() { return diameters_; }
 void DtVdcCylinderObject::setDiameters(const DtVdcVector2D& diameters) { diameters_ = diameters; }
-const DtTaitBryan& DtVdcCylinderObject::rotation() const { return rotation_; }
-DtTaitBryan& DtVdcCylinderObject::rotation() { return rotation_; }
-void DtVdcCylinderObject::setRotation(const DtTaitBryan& rotation) { rotation_ = rotation; }
-const DtVdcColor& DtVdcCylinderObject::color() const { return color_; }
-DtVdcColor& DtVdcCylinderObject::color() { return color_; }
-void DtVdcCylinderObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcCylinderObject::flashing() const { return flashing_; }
-void DtVdcCylinderObject::setFlashing(bool flashing) { flashing_ = flashing; }
 
 void DtVdcCylinderObject::setPduAttach() {
   // With no end the cylinder hangs from its start alone; otherwise it spans start to end like a line.
@@ -86,7 +64,3 @@ void DtVdcCylinderObject::setPduAttach() {
 void DtVdcCylinderObject::setPduScale() {
   pdu_.setScale(DtVector64(length_, diameters_.x(), diameters_.y()));
 }
-void DtVdcCylinderObject::setPduOffset() { pdu_.setOffset(enuOffset_); }
-void DtVdcCylinderObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
-void DtVdcCylinderObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
-void DtVdcCylinderObject::setPduRotation() { pdu_.setRotation(rotation_); }

@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcEllipsoidCuboidBase.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 DtVdcEllipsoidCuboidBase::DtVdcEllipsoidCuboidBase(unsigned int id, DtVdcObjectType type,
                                                    const DtVdc3DAttachPoint& attachment,
@@ -14,45 +14,17 @@ DtVdcEllipsoidCuboidBase::DtVdcEllipsoidCuboidBase(unsigned int id, DtVdcObjectT
       color_(color),
       rotation_(rotation),
       flashing_(flashing) {
-  pdu_.setObjectId(id);
-  pdu_.setType(type);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, type);
 }
 
-DtVdcEllipsoidCuboidBase::~DtVdcEllipsoidCuboidBase() = default;
+VDC_OBJECT_PDU(DtVdcEllipsoidCuboidBase)
+VDC_OBJECT_COLOR(DtVdcEllipsoidCuboidBase)
+VDC_OBJECT_FLASHING(DtVdcEllipsoidCuboidBase)
+VDC_OBJECT_ENU_OFFSET(DtVdcEllipsoidCuboidBase)
+VDC_OBJECT_SINGLE_ATTACHMENT(DtVdcEllipsoidCuboidBase)
+VDC_OBJECT_ORIENTATION(DtVdcEllipsoidCuboidBase)
 
-DtVistralDrawControlPdu& DtVdcEllipsoidCuboidBase::pdu() { return pdu_; }
+void DtVdcEllipsoidCuboidBase::updatePdu() { VdcFill::updateSolid(*this); }
 
-void DtVdcEllipsoidCuboidBase::updatePdu() {
-  setPduAttach();
-  setPduScale();
-  setPduOffset();
-  setPduColor();
-  setPduFlashing();
-  setPduRotation();
-}
-
-const DtVdc3DAttachPoint& DtVdcEllipsoidCuboidBase::attachment() const { return attachment_; }
-DtVdc3DAttachPoint& DtVdcEllipsoidCuboidBase::attachment() { return attachment_; }
-void DtVdcEllipsoidCuboidBase::setAttachment(const DtVdc3DAttachPoint& attachment) {
-  attachment_ = attachment;
-}
-const DtVector64& DtVdcEllipsoidCuboidBase::enuOffset() const { return enuOffset_; }
-DtVector64& DtVdcEllipsoidCuboidBase::enuOffset() { return enuOffset_; }
-void DtVdcEllipsoidCuboidBase::setEnuOffset(const DtVector64& offset) { enuOffset_ = offset; }
-const DtTaitBryan& DtVdcEllipsoidCuboidBase::rotation() const { return rotation_; }
-DtTaitBryan& DtVdcEllipsoidCuboidBase::rotation() { return rotation_; }
-void DtVdcEllipsoidCuboidBase::setRotation(const DtTaitBryan& rotation) { rotation_ = rotation; }
-const DtVdcColor& DtVdcEllipsoidCuboidBase::color() const { return color_; }
-DtVdcColor& DtVdcEllipsoidCuboidBase::color() { return color_; }
-void DtVdcEllipsoidCuboidBase::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcEllipsoidCuboidBase::flashing() const { return flashing_; }
-void DtVdcEllipsoidCuboidBase::setFlashing(bool flashing) { flashing_ = flashing; }
-
-void DtVdcEllipsoidCuboidBase::setPduAttach() { VdcFill::attachSingle(pdu_, attachment_); }
 // The PDU carries the size doubled.
 void DtVdcEllipsoidCuboidBase::setPduScale() { pdu_.setScale(size_ * 2.0); }
-void DtVdcEllipsoidCuboidBase::setPduOffset() { pdu_.setOffset(enuOffset_); }
-void DtVdcEllipsoidCuboidBase::setPduColor() { VdcFill::setColor(pdu_, color_); }
-void DtVdcEllipsoidCuboidBase::setPduFlashing() { pdu_.setFlashing(flashing_); }
-void DtVdcEllipsoidCuboidBase::setPduRotation() { pdu_.setRotation(rotation_); }

@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcText3DObj.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 DtVdcText3DObject::DtVdcText3DObject(unsigned int id, const DtString& text,
                                      const DtVdc3DAttachPoint& attachment, const DtVector64& enuOffset,
@@ -11,14 +11,14 @@ DtVdcText3DObject::DtVdcText3DObject(unsigned int id, const DtString& text,
       color_(color),
       flashing_(flashing),
       text_(text) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdc3DText);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, DtVdc3DText);
 }
 
-DtVdcText3DObject::~DtVdcText3DObject() = default;
-
-DtVistralDrawControlPdu& DtVdcText3DObject::pdu() { return pdu_; }
+VDC_OBJECT_PDU(DtVdcText3DObject)
+VDC_OBJECT_COLOR(DtVdcText3DObject)
+VDC_OBJECT_FLASHING(DtVdcText3DObject)
+VDC_OBJECT_ENU_OFFSET(DtVdcText3DObject)
+VDC_OBJECT_SINGLE_ATTACHMENT(DtVdcText3DObject)
 
 void DtVdcText3DObject::updatePdu() {
   setPduText();
@@ -31,20 +31,5 @@ void DtVdcText3DObject::updatePdu() {
 const DtString& DtVdcText3DObject::text() const { return text_; }
 DtString& DtVdcText3DObject::text() { return text_; }
 void DtVdcText3DObject::setText(const DtString& text) { text_ = text; }
-const DtVdc3DAttachPoint& DtVdcText3DObject::attachment() const { return attachment_; }
-DtVdc3DAttachPoint& DtVdcText3DObject::attachment() { return attachment_; }
-void DtVdcText3DObject::setAttachment(const DtVdc3DAttachPoint& attachment) { attachment_ = attachment; }
-const DtVector64& DtVdcText3DObject::enuOffset() const { return enuOffset_; }
-DtVector64& DtVdcText3DObject::enuOffset() { return enuOffset_; }
-void DtVdcText3DObject::setEnuOffset(const DtVector64& offset) { enuOffset_ = offset; }
-const DtVdcColor& DtVdcText3DObject::color() const { return color_; }
-DtVdcColor& DtVdcText3DObject::color() { return color_; }
-void DtVdcText3DObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcText3DObject::flashing() const { return flashing_; }
-void DtVdcText3DObject::setFlashing(bool flashing) { flashing_ = flashing; }
 
-void DtVdcText3DObject::setPduAttach() { VdcFill::attachSingle(pdu_, attachment_); }
-void DtVdcText3DObject::setPduOffset() { pdu_.setOffset(enuOffset_); }
-void DtVdcText3DObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
-void DtVdcText3DObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
 void DtVdcText3DObject::setPduText() { pdu_.setText(text_); }

@@ -6,3 +6,6 @@
 
 #define VDC_THROW_AT(message, file, line) \
   throw DtException((message), __PRETTY_FUNCTION__, "libsrc/vistralcontrol/" file, (line))
+// The same from a helper, for the function that called it.
+#define VDC_THROW_IN(message, function, file, line) \
+  throw DtException((message), (function), "libsrc/vistralcontrol/" file, (line))

@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcTriangle2DObj.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 DtVdcTriangle2DObject::DtVdcTriangle2DObject(unsigned int id, const DtVdcVector2D& vertex1,
                                              const DtVdcVector2D& vertex2, const DtVdcVector2D& vertex3,
@@ -18,26 +18,19 @@ DtVdcTriangle2DObject::DtVdcTriangle2DObject(unsigned int id, const DtVdcVector2
       pattern_(pattern),
       rotation_(rotation),
       flashing_(flashing) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdc2DTriangle);
-  updatePdu();
-  // A screen shape has no world offset.
-  pdu_.setOffset(DtVector64());
+  VdcFill::startScreenPdu(*this, pdu_, DtVdc2DTriangle);
 }
 
-DtVdcTriangle2DObject::~DtVdcTriangle2DObject() = default;
-
-DtVistralDrawControlPdu& DtVdcTriangle2DObject::pdu() { return pdu_; }
+VDC_OBJECT_PDU(DtVdcTriangle2DObject)
+VDC_OBJECT_COLOR(DtVdcTriangle2DObject)
+VDC_OBJECT_FLASHING(DtVdcTriangle2DObject)
+VDC_OBJECT_SCREEN_STYLE(DtVdcTriangle2DObject)
 
 void DtVdcTriangle2DObject::updatePdu() {
   setPduAttach();
   setPduVertices();
   setPduScale();
-  setPduColor();
-  setPduFlashing();
-  setPduPattern();
-  setPduRotation();
-  setPduFill();
+  VdcFill::updateScreenStyle(*this);
 }
 
 const DtVdcVector2D& DtVdcTriangle2DObject::vertex1() const { return vertex1_; }
@@ -55,17 +48,6 @@ void DtVdcTriangle2DObject::setOffset(const DtVdcVector2D& offset) { offset_ = o
 const DtVdcVector2D& DtVdcTriangle2DObject::scale() const { return scale_; }
 DtVdcVector2D& DtVdcTriangle2DObject::scale() { return scale_; }
 void DtVdcTriangle2DObject::setScale(const DtVdcVector2D& scale) { scale_ = scale; }
-double DtVdcTriangle2DObject::rotation() const { return rotation_; }
-void DtVdcTriangle2DObject::setRotation(double rotation) { rotation_ = rotation; }
-const DtVdcColor& DtVdcTriangle2DObject::color() const { return color_; }
-DtVdcColor& DtVdcTriangle2DObject::color() { return color_; }
-void DtVdcTriangle2DObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcTriangle2DObject::fill() const { return fill_; }
-void DtVdcTriangle2DObject::setFill(bool fill) { fill_ = fill; }
-unsigned int DtVdcTriangle2DObject::pattern() const { return pattern_; }
-void DtVdcTriangle2DObject::setPattern(unsigned int pattern) { pattern_ = pattern; }
-bool DtVdcTriangle2DObject::flashing() const { return flashing_; }
-void DtVdcTriangle2DObject::setFlashing(bool flashing) { flashing_ = flashing; }
 
 // The triangle is placed at its offset; its vertices travel doubled, the scale as it is.
 void DtVdcTriangle2DObject::setPduAttach() { VdcFill::attachToScreen(pdu_, offset_); }
@@ -77,8 +59,3 @@ void DtVdcTriangle2DObject::setPduVertices() {
 }
 
 void DtVdcTriangle2DObject::setPduScale() { pdu_.setScale(scale_.vector3D()); }
-void DtVdcTriangle2DObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
-void DtVdcTriangle2DObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
-void DtVdcTriangle2DObject::setPduFill() { pdu_.setFill(fill_); }
-void DtVdcTriangle2DObject::setPduRotation() { pdu_.setRotation(VdcFill::screenRotation(rotation_)); }
-void DtVdcTriangle2DObject::setPduPattern() { pdu_.setPattern(DtNetU32(pattern_)); }

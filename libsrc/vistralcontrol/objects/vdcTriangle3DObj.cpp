@@ -1,6 +1,6 @@
 #include "vistralcontrol/vdcTriangle3DObj.h"
 
-#include "vdcFill.h"
+#include "vdcObjectParts.h"
 
 DtVdcTriangle3DObject::DtVdcTriangle3DObject(unsigned int id, const DtVector64& vertex1,
                                              const DtVector64& vertex2, const DtVector64& vertex3,
@@ -11,14 +11,12 @@ DtVdcTriangle3DObject::DtVdcTriangle3DObject(unsigned int id, const DtVector64& 
       vertex3_(vertex3),
       color_(color),
       flashing_(flashing) {
-  pdu_.setObjectId(id);
-  pdu_.setType(DtVdc3DTriangle);
-  updatePdu();
+  VdcFill::startPdu(*this, pdu_, DtVdc3DTriangle);
 }
 
-DtVdcTriangle3DObject::~DtVdcTriangle3DObject() = default;
-
-DtVistralDrawControlPdu& DtVdcTriangle3DObject::pdu() { return pdu_; }
+VDC_OBJECT_PDU(DtVdcTriangle3DObject)
+VDC_OBJECT_COLOR(DtVdcTriangle3DObject)
+VDC_OBJECT_FLASHING(DtVdcTriangle3DObject)
 
 void DtVdcTriangle3DObject::updatePdu() {
   setPduPoints();
@@ -35,16 +33,9 @@ void DtVdcTriangle3DObject::setVertex2(const DtVector64& vertex) { vertex2_ = ve
 const DtVector64& DtVdcTriangle3DObject::vertex3() const { return vertex3_; }
 DtVector64& DtVdcTriangle3DObject::vertex3() { return vertex3_; }
 void DtVdcTriangle3DObject::setVertex3(const DtVector64& vertex) { vertex3_ = vertex; }
-const DtVdcColor& DtVdcTriangle3DObject::color() const { return color_; }
-DtVdcColor& DtVdcTriangle3DObject::color() { return color_; }
-void DtVdcTriangle3DObject::setColor(const DtVdcColor& color) { color_ = color; }
-bool DtVdcTriangle3DObject::flashing() const { return flashing_; }
-void DtVdcTriangle3DObject::setFlashing(bool flashing) { flashing_ = flashing; }
 
 void DtVdcTriangle3DObject::setPduPoints() {
   pdu_.setPoint(0, vertex1_);
   pdu_.setPoint(1, vertex2_);
   pdu_.setPoint(2, vertex3_);
 }
-void DtVdcTriangle3DObject::setPduFlashing() { pdu_.setFlashing(flashing_); }
-void DtVdcTriangle3DObject::setPduColor() { VdcFill::setColor(pdu_, color_); }
