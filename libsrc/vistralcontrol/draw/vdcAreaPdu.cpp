@@ -6,12 +6,12 @@
 
 #include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
 
 using VdcLayout::kArea;
+using VdcLayout::kHalfWay;
 
 namespace {
-constexpr unsigned char kHalfWay = 50;
 constexpr int kCoordinates = 3 * DtVdcAreaPduBase::kMaxPoints;
 // The area's own fields are read from the character after this blank of the whole line. The point count
 // follows the 28th blank of what string() writes, so the reading starts at the 22nd coordinate; senders and
@@ -47,34 +47,16 @@ AreaFields readAreaFields(const char* text, std::size_t longestWord) {
 }
 }  // namespace
 
-DtVdcAreaPduBase::~DtVdcAreaPduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcAreaPduBase, VdcLayout::longest(kArea))
 
-DtVdcAreaPdu::DtVdcAreaPdu(DtBufferPlaceHolder* holder) {
-  initDraw(kArea.current.length, holder, DtVcDrawArea, kCurrentParamVersion);
-  if (holder == nullptr) {
-    setRelativeLocations(kHalfWay);
-    setNumPoints(0);
-  }
-}
-
-DtVdcAreaPdu::DtVdcAreaPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                           DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawArea);
-}
-
-DtVdcAreaPdu::~DtVdcAreaPdu() = default;
-
-DtVdcAreaPduV0::DtVdcAreaPduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kArea.v0.length, holder, DtVcDrawArea, 0);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcAreaPduV0::DtVdcAreaPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                               DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawArea);
-}
-
-DtVdcAreaPduV0::~DtVdcAreaPduV0() = default;
+VDC_DRAW_PDU_CLASS(
+    DtVdcAreaPdu, DtVdcAreaPduBase, DtVcDrawArea, kArea.current.length, kCurrentParamVersion,
+    if (holder == nullptr) {
+      setRelativeLocations(kHalfWay);
+      setNumPoints(0);
+    })
+VDC_DRAW_PDU_CLASS(DtVdcAreaPduV0, DtVdcAreaPduBase, DtVcDrawArea, kArea.v0.length, 0,
+                   if (holder == nullptr) setRelativeLocations(kHalfWay))
 
 // A version-0 area ends before the count and texture fields: they are kept in the PDU's storage behind its
 // image and never sent.

@@ -7,7 +7,8 @@
 
 #include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
+#include "vdcTrailingText.h"
 
 using VdcLayout::kAttribute;
 
@@ -24,18 +25,15 @@ const char* lastWords(const char* line) {
 }
 }  // namespace
 
-DtVdcAttributePduBase::~DtVdcAttributePduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcAttributePduBase, VdcLayout::longest(kAttribute) + VcLayout::kNameWidth)
 
 void DtVdcAttributePduBase::setName(DtString name) {
-  const VdcLayout::Attribute& l = VdcLayout::of(*this, kAttribute);
-  // The length field says what was stored: 0 for an empty name, whose old bytes stay behind it.
-  setU32At(l.nameLength,
-           static_cast<std::uint32_t>(setInternalText(std::move(name), static_cast<unsigned long>(l.name))));
+  VdcTrailingText::set(*this, kAttribute, std::move(name), &VdcLayout::Attribute::nameLength,
+                       &VdcLayout::Attribute::name);
 }
-
 DtString DtVdcAttributePduBase::name() const {
-  const VdcLayout::Attribute& l = VdcLayout::of(*this, kAttribute);
-  return internalText(static_cast<int>(u32At(l.nameLength)), static_cast<unsigned long>(l.name));
+  return VdcTrailingText::get(*this, kAttribute, &VdcLayout::Attribute::nameLength,
+                              &VdcLayout::Attribute::name);
 }
 
 DtNetU32 DtVdcAttributePduBase::attributeGroupId() const {
@@ -103,24 +101,6 @@ void DtVdcAttributePduBase::printData() const {
   DtDumpString("Name:", name().c_str());
 }
 
-DtVdcAttributePdu::DtVdcAttributePdu(DtBufferPlaceHolder* holder) {
-  initDraw(kAttribute.current.length, holder, DtVcDrawAttribute, kCurrentParamVersion);
-}
-
-DtVdcAttributePdu::DtVdcAttributePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                     DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawAttribute);
-}
-
-DtVdcAttributePdu::~DtVdcAttributePdu() = default;
-
-DtVdcAttributePduV0::DtVdcAttributePduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kAttribute.v0.length, holder, DtVcDrawAttribute, 0);
-}
-
-DtVdcAttributePduV0::DtVdcAttributePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                         DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawAttribute);
-}
-
-DtVdcAttributePduV0::~DtVdcAttributePduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcAttributePdu, DtVdcAttributePduBase, DtVcDrawAttribute, kAttribute.current.length,
+                   kCurrentParamVersion, )
+VDC_DRAW_PDU_CLASS(DtVdcAttributePduV0, DtVdcAttributePduBase, DtVcDrawAttribute, kAttribute.v0.length, 0, )

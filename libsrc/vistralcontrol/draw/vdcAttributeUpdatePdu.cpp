@@ -6,23 +6,18 @@
 #include <vector>
 
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
+#include "vdcTextForm.h"
+#include "vdcTrailingText.h"
 
 using VdcLayout::kAttributeUpdate;
 
-DtVdcAttributeUpdatePduBase::~DtVdcAttributeUpdatePduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcAttributeUpdatePduBase, VdcLayout::longest(kAttributeUpdate) + VcLayout::kNameWidth)
 
 void DtVdcAttributeUpdatePduBase::setText(DtString text) {
-  const VdcLayout::AttributeUpdate& l = VdcLayout::of(*this, kAttributeUpdate);
-  // The length field says what was stored: 0 for an empty text, whose old bytes stay behind it.
-  setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(std::move(text), static_cast<unsigned long>(l.text))));
+  VdcTrailingText::set(*this, kAttributeUpdate, std::move(text));
 }
-
-DtString DtVdcAttributeUpdatePduBase::text() const {
-  const VdcLayout::AttributeUpdate& l = VdcLayout::of(*this, kAttributeUpdate);
-  return internalText(static_cast<int>(u32At(l.textLength)), static_cast<unsigned long>(l.text));
-}
+DtString DtVdcAttributeUpdatePduBase::text() const { return VdcTrailingText::get(*this, kAttributeUpdate); }
 
 DtNetU32 DtVdcAttributeUpdatePduBase::groupId() const {
   return u32At(VdcLayout::of(*this, kAttributeUpdate).groupId);
@@ -63,21 +58,17 @@ const char* DtVdcAttributeUpdatePduBase::string() const {
 
 void DtVdcAttributeUpdatePduBase::setFromString(const char* text) {
   if (text == nullptr) return;
-  unsigned id = 0;
-  int updateType = 0;
-  std::sscanf(text, "%u %d", &id, &updateType);
-  setObjectId(id);
-  setType(static_cast<std::uint32_t>(updateType));
+  const int updateType = VdcTextForm::readObjectAndType(*this, text);
   if (updateType == DtVdcAttributeValueSet) {
     double x = 0;
     double y = 0;
-    std::sscanf(text, "%u %d %lf %lf", &id, &updateType, &x, &y);
+    std::sscanf(text, "%*u %*d %lf %lf", &x, &y);
     setValueX(x);
     setValueY(y);
   } else if (updateType == DtVdcAttributeValueSetText) {
     // One word, which may be as long as the whole line.
     std::vector<char> word(std::strlen(text) + 1, '\0');
-    std::sscanf(text, "%u %d %s", &id, &updateType, word.data());
+    std::sscanf(text, "%*u %*d %s", word.data());
     setText(DtString(word.data()));
   }
 }
@@ -94,24 +85,7 @@ void DtVdcAttributeUpdatePduBase::printData() const {
   }
 }
 
-DtVdcAttributeUpdatePdu::DtVdcAttributeUpdatePdu(DtBufferPlaceHolder* holder) {
-  initDraw(kAttributeUpdate.current.length, holder, DtVcDrawAttributeUpdate, kCurrentParamVersion);
-}
-
-DtVdcAttributeUpdatePdu::DtVdcAttributeUpdatePdu(const DtNetViewControlPdu* image,
-                                                 DtBufferPlaceHolder* holder, DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawAttributeUpdate);
-}
-
-DtVdcAttributeUpdatePdu::~DtVdcAttributeUpdatePdu() = default;
-
-DtVdcAttributeUpdatePduV0::DtVdcAttributeUpdatePduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kAttributeUpdate.v0.length, holder, DtVcDrawAttributeUpdate, 0);
-}
-
-DtVdcAttributeUpdatePduV0::DtVdcAttributeUpdatePduV0(const DtNetViewControlPdu* image,
-                                                     DtBufferPlaceHolder* holder, DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawAttributeUpdate);
-}
-
-DtVdcAttributeUpdatePduV0::~DtVdcAttributeUpdatePduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcAttributeUpdatePdu, DtVdcAttributeUpdatePduBase, DtVcDrawAttributeUpdate,
+                   kAttributeUpdate.current.length, kCurrentParamVersion, )
+VDC_DRAW_PDU_CLASS(DtVdcAttributeUpdatePduV0, DtVdcAttributeUpdatePduBase, DtVcDrawAttributeUpdate,
+                   kAttributeUpdate.v0.length, 0, )

@@ -3,7 +3,8 @@
 #include <cstdio>
 
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
+#include "vdcTextForm.h"
 
 using VdcLayout::kCommand;
 
@@ -14,7 +15,7 @@ bool namesLayer(std::uint32_t type) {
 }
 }  // namespace
 
-DtVdcCommandPduBase::~DtVdcCommandPduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcCommandPduBase, VdcLayout::longest(kCommand))
 
 DtNetU32 DtVdcCommandPduBase::layerId() const { return u32At(VdcLayout::of(*this, kCommand).layerId); }
 
@@ -31,14 +32,10 @@ const char* DtVdcCommandPduBase::string() const {
 
 void DtVdcCommandPduBase::setFromString(const char* text) {
   if (text == nullptr) return;
-  unsigned id = 0;
-  int drawType = 0;
-  std::sscanf(text, "%u %d", &id, &drawType);
-  setObjectId(id);
-  setType(static_cast<std::uint32_t>(drawType));
+  const int drawType = VdcTextForm::readObjectAndType(*this, text);
   if (namesLayer(static_cast<std::uint32_t>(drawType))) {
     unsigned layer = 0;
-    std::sscanf(text, "%u %d %u", &id, &drawType, &layer);
+    std::sscanf(text, "%*u %*d %u", &layer);
     setLayerId(layer);
   }
 }
@@ -48,26 +45,7 @@ void DtVdcCommandPduBase::printData() const {
   if (namesLayer(type())) DtDumpInteger("LayerId:", layerId());
 }
 
-DtVdcCommandPdu::DtVdcCommandPdu(DtBufferPlaceHolder* holder) {
-  initDraw(kCommand.current.length, holder, DtVcDrawCommand, kCurrentParamVersion);
-  if (holder == nullptr) setType(DtVdcUndefined);
-}
-
-DtVdcCommandPdu::DtVdcCommandPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                 DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawCommand);
-}
-
-DtVdcCommandPdu::~DtVdcCommandPdu() = default;
-
-DtVdcCommandPduV0::DtVdcCommandPduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kCommand.v0.length, holder, DtVcDrawCommand, 0);
-  if (holder == nullptr) setType(DtVdcUndefined);
-}
-
-DtVdcCommandPduV0::DtVdcCommandPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                     DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawCommand);
-}
-
-DtVdcCommandPduV0::~DtVdcCommandPduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcCommandPdu, DtVdcCommandPduBase, DtVcDrawCommand, kCommand.current.length,
+                   kCurrentParamVersion, if (holder == nullptr) setType(DtVdcUndefined))
+VDC_DRAW_PDU_CLASS(DtVdcCommandPduV0, DtVdcCommandPduBase, DtVcDrawCommand, kCommand.v0.length, 0,
+                   if (holder == nullptr) setType(DtVdcUndefined))

@@ -6,23 +6,15 @@
 #include <vector>
 
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
+#include "vdcTrailingText.h"
 
 using VdcLayout::kLayer;
 
-DtVdcLayerPduBase::~DtVdcLayerPduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcLayerPduBase, VdcLayout::longest(kLayer))
 
-void DtVdcLayerPduBase::setName(DtString name) {
-  const VdcLayout::Texted& l = VdcLayout::of(*this, kLayer);
-  // The length field says what was stored: 0 for an empty name, whose old bytes stay behind it.
-  setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(std::move(name), static_cast<unsigned long>(l.text))));
-}
-
-DtString DtVdcLayerPduBase::name() const {
-  const VdcLayout::Texted& l = VdcLayout::of(*this, kLayer);
-  return internalText(static_cast<int>(u32At(l.textLength)), static_cast<unsigned long>(l.text));
-}
+void DtVdcLayerPduBase::setName(DtString name) { VdcTrailingText::set(*this, kLayer, std::move(name)); }
+DtString DtVdcLayerPduBase::name() const { return VdcTrailingText::get(*this, kLayer); }
 
 const char* DtVdcLayerPduBase::string() const {
   const DtString n = name();
@@ -44,24 +36,6 @@ void DtVdcLayerPduBase::printData() const {
   DtDumpString("Name:", name().c_str());
 }
 
-DtVdcLayerPdu::DtVdcLayerPdu(DtBufferPlaceHolder* holder) {
-  initDraw(kLayer.current.length, holder, DtVcDrawLayer, kCurrentParamVersion);
-}
-
-DtVdcLayerPdu::DtVdcLayerPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                             DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawLayer);
-}
-
-DtVdcLayerPdu::~DtVdcLayerPdu() = default;
-
-DtVdcLayerPduV0::DtVdcLayerPduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kLayer.v0.length, holder, DtVcDrawLayer, 0);
-}
-
-DtVdcLayerPduV0::DtVdcLayerPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                 DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawLayer);
-}
-
-DtVdcLayerPduV0::~DtVdcLayerPduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcLayerPdu, DtVdcLayerPduBase, DtVcDrawLayer, kLayer.current.length,
+                   kCurrentParamVersion, )
+VDC_DRAW_PDU_CLASS(DtVdcLayerPduV0, DtVdcLayerPduBase, DtVcDrawLayer, kLayer.v0.length, 0, )

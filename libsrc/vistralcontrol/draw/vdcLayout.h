@@ -21,6 +21,16 @@ template <class L>
 const L& of(const DtVistralDrawControlPdu& pdu, const Pair<L>& pair) {
   return pdu.currentLayout() ? pair.current : pair.v0;
 }
+// The longer of a family's two empty images.
+template <class L>
+constexpr int longest(const Pair<L>& pair) {
+  return pair.current.length > pair.v0.length ? pair.current.length : pair.v0.length;
+}
+
+// Where along its anchor a new PDU places itself, in percent: half way, or all the way.
+constexpr unsigned char kHalfWay = 50;
+constexpr unsigned char kWholeWay = 100;
+
 static_assert(DtVistralDrawControlPdu::kMarkOffset == VcLayout::Fixed::drawMark &&
                   DtVistralDrawControlPdu::kParamVersionOffset == VcLayout::Fixed::drawVersion,
               "the draw header's mark and version");

@@ -1,15 +1,17 @@
 #include "vistralcontrol/vdcLinePdu.h"
 
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
 
 using VdcLayout::PlainLineV0;
 using VdcLayout::Segment;
 using VdcLayout::SegmentTable;
 
 namespace {
-constexpr unsigned char kHalfWay = 50;
-constexpr unsigned char kWholeLine = 100;
+using VdcLayout::kHalfWay;
+constexpr unsigned char kWholeLine = VdcLayout::kWholeWay;
+// The storage holds a current line of four segments; the version-0 lines are shorter.
+constexpr int kStorage = VdcLayout::kLineTable.table + 4 * VdcLayout::Segment::size;
 constexpr int kNowhere = -1;
 
 // The segment table the PDU's bytes select, or null for a version-0 plain line.
@@ -28,49 +30,18 @@ const char* const kArrowStyleNames[] = {"VdcStyleNoArrow", "VdcStyleArrowEnd", "
                                         "VdcStyleArrowDouble"};
 }  // namespace
 
-DtVdcLinePdu::DtVdcLinePdu(DtBufferPlaceHolder* holder) {
-  useStorage(storage_);
-  initDraw(VdcLayout::kLineTable.table, holder, DtVcDrawLine, kCurrentParamVersion);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-  setNumSegments(1);
-  setPercentage(0, kWholeLine);
-}
-
-DtVdcLinePdu::DtVdcLinePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                           DtPduFactory* factory) {
-  useStorage(storage_);
-  initDraw(image, holder, factory, DtVcDrawLine);
-}
+VDC_DRAW_PDU_CLASS_AS(DtVdcLinePdu, DtVdcAttachablePdu(), VDC_CHECK_STORAGE(kStorage);
+                      useStorage(storage_), DtVcDrawLine, VdcLayout::kLineTable.table, kCurrentParamVersion,
+                      if (holder == nullptr) setRelativeLocations(kHalfWay);
+                      setNumSegments(1); setPercentage(0, kWholeLine))
 
 DtVdcLinePdu::DtVdcLinePdu(NoImage) { useStorage(storage_); }
 
-DtVdcLinePdu::~DtVdcLinePdu() = default;
-
-DtVdcLinePduV0::DtVdcLinePduV0(DtBufferPlaceHolder* holder) : DtVdcLinePdu(NoImage{}) {
-  initDraw(VdcLayout::kLineV0Length, holder, DtVcDrawLine, 0);
-  setRelativeLocations(kWholeLine);
-}
-
-DtVdcLinePduV0::DtVdcLinePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                               DtPduFactory* factory)
-    : DtVdcLinePdu(NoImage{}) {
-  initDraw(image, holder, factory, DtVcDrawLine);
-}
-
-DtVdcLinePduV0::~DtVdcLinePduV0() = default;
-
-DtVdcSegmentedLinePduV0::DtVdcSegmentedLinePduV0(DtBufferPlaceHolder* holder) : DtVdcLinePdu(NoImage{}) {
-  initDraw(VdcLayout::kSegmentedLineV0Length, holder, DtVcDrawSegmentedLine, 0);
-  setRelativeLocations(kWholeLine);
-}
-
-DtVdcSegmentedLinePduV0::DtVdcSegmentedLinePduV0(const DtNetViewControlPdu* image,
-                                                 DtBufferPlaceHolder* holder, DtPduFactory* factory)
-    : DtVdcLinePdu(NoImage{}) {
-  initDraw(image, holder, factory, DtVcDrawSegmentedLine);
-}
-
-DtVdcSegmentedLinePduV0::~DtVdcSegmentedLinePduV0() = default;
+// The version-0 lines build their own image in the current line's storage, and span their whole anchor.
+VDC_DRAW_PDU_CLASS_AS(DtVdcLinePduV0, DtVdcLinePdu(NoImage{}), , DtVcDrawLine, VdcLayout::kLineV0Length, 0,
+                      setRelativeLocations(kWholeLine))
+VDC_DRAW_PDU_CLASS_AS(DtVdcSegmentedLinePduV0, DtVdcLinePdu(NoImage{}), , DtVcDrawSegmentedLine,
+                      VdcLayout::kSegmentedLineV0Length, 0, setRelativeLocations(kWholeLine))
 
 int DtVdcLinePdu::field(Access access, unsigned int segment, int recordOffset, int plainOffset) const {
   const SegmentTable* table = tableOf(*this);

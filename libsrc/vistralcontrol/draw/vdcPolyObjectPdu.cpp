@@ -4,13 +4,13 @@
 
 #include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
 
+using VdcLayout::kHalfWay;
 using VdcLayout::kPoly;
+using VdcLayout::kWholeWay;
 
 namespace {
-constexpr unsigned char kHalfWay = 50;
-constexpr unsigned char kWholeWay = 100;
 // The poly object's own fields are read from the character after this blank of the whole line. It is one
 // field later than where string() puts them (the pattern follows the 19th blank); senders and receivers
 // have always read the line so.
@@ -19,36 +19,15 @@ constexpr int kFieldsAfterBlank = 20;
 
 DtVdcPolyObjectPduBase::~DtVdcPolyObjectPduBase() = default;
 
-DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder) {
-  useStorage(storage_);
-  initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, kCurrentParamVersion);
-  if (holder == nullptr) {
-    setRelativeLocations(kWholeWay);
-    setPattern(VdcLayout::kPolyDefaultPattern);
-  }
-}
-
-DtVdcPolyObjectPdu::DtVdcPolyObjectPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                       DtPduFactory* factory) {
-  useStorage(storage_);
-  initDraw(image, holder, factory, DtVcDrawPolyObject);
-}
-
-DtVdcPolyObjectPdu::~DtVdcPolyObjectPdu() = default;
-
-DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(DtBufferPlaceHolder* holder) {
-  useStorage(storage_);
-  initDraw(VdcLayout::kPolyLength, holder, DtVcDrawPolyObject, 0);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcPolyObjectPduV0::DtVdcPolyObjectPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                           DtPduFactory* factory) {
-  useStorage(storage_);
-  initDraw(image, holder, factory, DtVcDrawPolyObject);
-}
-
-DtVdcPolyObjectPduV0::~DtVdcPolyObjectPduV0() = default;
+VDC_DRAW_PDU_CLASS_OWN_STORAGE(
+    DtVdcPolyObjectPdu, DtVdcPolyObjectPduBase, VdcLayout::kPolyLength, DtVcDrawPolyObject,
+    VdcLayout::kPolyLength, kCurrentParamVersion, if (holder == nullptr) {
+      setRelativeLocations(kWholeWay);
+      setPattern(VdcLayout::kPolyDefaultPattern);
+    })
+VDC_DRAW_PDU_CLASS_OWN_STORAGE(DtVdcPolyObjectPduV0, DtVdcPolyObjectPduBase, VdcLayout::kPolyLength,
+                               DtVcDrawPolyObject, VdcLayout::kPolyLength, 0,
+                               if (holder == nullptr) setRelativeLocations(kHalfWay))
 
 void DtVdcPolyObjectPduBase::setFill(bool fill) const {
   // Declared const so that a shape held by const reference can still be filled.

@@ -7,27 +7,16 @@
 
 #include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
+#include "vdcTrailingText.h"
 
+using VdcLayout::kHalfWay;
 using VdcLayout::kText;
 
-namespace {
-constexpr unsigned char kHalfWay = 50;
-}  // namespace
+VDC_DRAW_PDU_BASE(DtVdcTextPduBase, VdcLayout::longest(kText) + VcLayout::kNameWidth)
 
-DtVdcTextPduBase::~DtVdcTextPduBase() = default;
-
-void DtVdcTextPduBase::setText(DtString text) {
-  const VdcLayout::Texted& l = VdcLayout::of(*this, kText);
-  // The length field says what was stored: 0 for an empty text, whose old bytes stay behind it.
-  setU32At(l.textLength,
-           static_cast<std::uint32_t>(setInternalText(std::move(text), static_cast<unsigned long>(l.text))));
-}
-
-DtString DtVdcTextPduBase::text() const {
-  const VdcLayout::Texted& l = VdcLayout::of(*this, kText);
-  return internalText(static_cast<int>(u32At(l.textLength)), static_cast<unsigned long>(l.text));
-}
+void DtVdcTextPduBase::setText(DtString text) { VdcTrailingText::set(*this, kText, std::move(text)); }
+DtString DtVdcTextPduBase::text() const { return VdcTrailingText::get(*this, kText); }
 
 const char* DtVdcTextPduBase::string() const {
   DtVdcAttachablePdu::string();
@@ -54,26 +43,7 @@ void DtVdcTextPduBase::printData() const {
   DtDumpString("Text:", text().c_str());
 }
 
-DtVdcTextPdu::DtVdcTextPdu(DtBufferPlaceHolder* holder) {
-  initDraw(kText.current.length, holder, DtVcDrawText, kCurrentParamVersion);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcTextPdu::DtVdcTextPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                           DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawText);
-}
-
-DtVdcTextPdu::~DtVdcTextPdu() = default;
-
-DtVdcTextPduV0::DtVdcTextPduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kText.v0.length, holder, DtVcDrawText, 0);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcTextPduV0::DtVdcTextPduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                               DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawText);
-}
-
-DtVdcTextPduV0::~DtVdcTextPduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcTextPdu, DtVdcTextPduBase, DtVcDrawText, kText.current.length, kCurrentParamVersion,
+                   if (holder == nullptr) setRelativeLocations(kHalfWay))
+VDC_DRAW_PDU_CLASS(DtVdcTextPduV0, DtVdcTextPduBase, DtVcDrawText, kText.v0.length, 0,
+                   if (holder == nullptr) setRelativeLocations(kHalfWay))

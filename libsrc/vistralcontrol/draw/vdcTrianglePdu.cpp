@@ -4,12 +4,12 @@
 
 #include "core/vcText.h"
 #include "tarvex/dtDump.h"
-#include "vdcLayout.h"
+#include "vdcPduClass.h"
 
+using VdcLayout::kHalfWay;
 using VdcLayout::kTriangle;
 
 namespace {
-constexpr unsigned char kHalfWay = 50;
 // The points follow the 27th blank of the whole line: after the attachable and poly-object fields.
 constexpr int kFieldsAfterBlank = 27;
 static_assert(DtVdcTrianglePduBase::kNumPoints == VdcLayout::kTrianglePoints, "three corners");
@@ -17,31 +17,12 @@ static_assert(DtVdcTrianglePduBase::kNumPoints == VdcLayout::kTrianglePoints, "t
 bool cornerIndex(int index) { return index >= 0 && index < DtVdcTrianglePduBase::kNumPoints; }
 }  // namespace
 
-DtVdcTrianglePduBase::~DtVdcTrianglePduBase() = default;
+VDC_DRAW_PDU_BASE(DtVdcTrianglePduBase, VdcLayout::longest(kTriangle))
 
-DtVdcTrianglePdu::DtVdcTrianglePdu(DtBufferPlaceHolder* holder) {
-  initDraw(kTriangle.current.length, holder, DtVcDrawTriangle, kCurrentParamVersion);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcTrianglePdu::DtVdcTrianglePdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                   DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawTriangle);
-}
-
-DtVdcTrianglePdu::~DtVdcTrianglePdu() = default;
-
-DtVdcTrianglePduV0::DtVdcTrianglePduV0(DtBufferPlaceHolder* holder) {
-  initDraw(kTriangle.v0.length, holder, DtVcDrawTriangle, 0);
-  if (holder == nullptr) setRelativeLocations(kHalfWay);
-}
-
-DtVdcTrianglePduV0::DtVdcTrianglePduV0(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
-                                       DtPduFactory* factory) {
-  initDraw(image, holder, factory, DtVcDrawTriangle);
-}
-
-DtVdcTrianglePduV0::~DtVdcTrianglePduV0() = default;
+VDC_DRAW_PDU_CLASS(DtVdcTrianglePdu, DtVdcTrianglePduBase, DtVcDrawTriangle, kTriangle.current.length,
+                   kCurrentParamVersion, if (holder == nullptr) setRelativeLocations(kHalfWay))
+VDC_DRAW_PDU_CLASS(DtVdcTrianglePduV0, DtVdcTrianglePduBase, DtVcDrawTriangle, kTriangle.v0.length, 0,
+                   if (holder == nullptr) setRelativeLocations(kHalfWay))
 
 void DtVdcTrianglePduBase::setPoint(int index, const DtVector64& point) {
   if (cornerIndex(index))
