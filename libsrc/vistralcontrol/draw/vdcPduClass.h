@@ -10,6 +10,8 @@
 // Class(holder) builds an empty image of the given length and then runs onNew (statements, which test
 // holder themselves where a PDU built into a caller's buffer must start as it is); Class(image, ...) wraps a
 // received image. init is the base class's constructor call; prologue runs first in both constructors.
+// NOLINTBEGIN(bugprone-macro-parentheses): init names a base class in an initialiser list, where parentheses
+// cannot go.
 #define VDC_DRAW_PDU_CLASS_AS(Class, init, prologue, command, length, version, onNew)                \
   Class::Class(DtBufferPlaceHolder* holder) : init {                                                 \
     prologue;                                                                                        \
@@ -22,6 +24,7 @@
     initDraw(image, holder, factory, (command));                                                     \
   }                                                                                                  \
   Class::~Class() = default;
+// NOLINTEND(bugprone-macro-parentheses)
 
 // A class whose family keeps the image's storage in its base class.
 #define VDC_DRAW_PDU_CLASS(Class, Base, command, length, version, onNew) \

@@ -91,7 +91,7 @@ void updateSolid(Solid& solid) {
 #define VDC_OBJECT_ATTACHMENT(Class, member)                             \
   const DtVdc3DAttachPoint& Class::attachment() const { return member; } \
   DtVdc3DAttachPoint& Class::attachment() { return member; }             \
-  void Class::setAttachment(const DtVdc3DAttachPoint& attachment) { member = attachment; }
+  void Class::setAttachment(const DtVdc3DAttachPoint& attachment) { (member) = attachment; }
 
 // attachment_, the one attach point of an object that hangs from a single place, and the step that copies it.
 #define VDC_OBJECT_SINGLE_ATTACHMENT(Class) \
