@@ -183,6 +183,7 @@ const char* DtVistralControlPdu::formatText(const char* format, ...) const {
 // Request-state and unknown PDUs
 
 DtRequestStateVCPdu::DtRequestStateVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == kLength, "storage for the image");
   useStorage(storage_);
   initPdu(kLength, holder);
   setViewerCommand(DtVcRequestState);

@@ -8,6 +8,7 @@
 using VcLayout::Absolute;
 
 DtAbsoluteVCPdu::DtAbsoluteVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Absolute::length, "storage for the image");
   useStorage(storage_);
   initPdu(Absolute::length, holder);
   setViewerCommand(DtVcAbsolute);

@@ -11,6 +11,7 @@ constexpr VcText::AttachForm kForm{1, "ffffff", 1};
 }  // namespace
 
 DtCompassVCPdu::DtCompassVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Compass::length, "storage for the image");
   useStorage(storage_);
   initPdu(Compass::length, holder);
   setViewerCommand(DtVcCompass);

@@ -13,6 +13,8 @@ using VcEntityLists::List;
 using VcLayout::Group;
 
 DtGroupVCPdu::DtGroupVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Group::length + 4 * VcLayout::kNameWidth,
+                "storage for the image");
   useStorage(storage_);
   initPdu(Group::length, holder);
   setViewerCommand(DtVcGroup);

@@ -6,6 +6,7 @@
 using VcLayout::TwoEntity;
 
 DtMimicTrackVCPdu::DtMimicTrackVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == TwoEntity::length, "storage for the image");
   useStorage(storage_);
   initPdu(TwoEntity::length, holder);
   setViewerCommand(DtVcMimicTrack);

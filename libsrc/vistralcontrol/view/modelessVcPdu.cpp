@@ -8,6 +8,8 @@ using VcEntityLists::List;
 using VcLayout::Modeless;
 
 DtModelessVCPdu::DtModelessVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Modeless::length + 2 * VcLayout::kNameWidth,
+                "storage for the image");
   useStorage(storage_);
   initPdu(Modeless::length, holder);
   setViewerCommand(DtVcModeless);

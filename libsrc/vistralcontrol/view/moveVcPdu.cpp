@@ -9,6 +9,7 @@
 using VcLayout::Move;
 
 DtMoveVCPdu::DtMoveVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Move::length, "storage for the image");
   useStorage(storage_);
   initPdu(Move::length, holder);
   setViewerCommand(DtVcMove);

@@ -224,6 +224,7 @@ unsigned char pairValue(const char* pair) {
 }  // namespace
 
 DtOptionsPdu::DtOptionsPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Options::length, "storage for the image");
   useStorage(storage_);
   initPdu(Options::length, holder);
   setViewerCommand(DtVcOptions);

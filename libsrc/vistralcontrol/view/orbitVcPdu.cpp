@@ -11,6 +11,7 @@ constexpr VcText::AttachForm kForm{1, "fffffff", 1};
 }  // namespace
 
 DtOrbitVCPdu::DtOrbitVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Orbit::length, "storage for the image");
   useStorage(storage_);
   initPdu(Orbit::length, holder);
   setViewerCommand(DtVcOrbit);

@@ -8,6 +8,7 @@
 using VcLayout::Pivot;
 
 DtPivotVCPdu::DtPivotVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Pivot::length, "storage for the image");
   useStorage(storage_);
   initPdu(Pivot::length, holder);
   setViewerCommand(DtVcPivot);

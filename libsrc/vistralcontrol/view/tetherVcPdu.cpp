@@ -8,6 +8,7 @@
 using VcLayout::Tether;
 
 DtTetherVCPdu::DtTetherVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Tether::length, "storage for the image");
   useStorage(storage_);
   initPdu(Tether::length, holder);
   setViewerCommand(DtVcTether);

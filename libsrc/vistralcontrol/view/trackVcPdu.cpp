@@ -11,6 +11,7 @@ constexpr VcText::AttachForm kForm{1, "lll", 1};
 }  // namespace
 
 DtTrackVCPdu::DtTrackVCPdu(DtBufferPlaceHolder* holder) {
+  static_assert(decltype(storage_)::kCapacity == Track::length, "storage for the image");
   useStorage(storage_);
   initPdu(Track::length, holder);
   setViewerCommand(DtVcTrack);
