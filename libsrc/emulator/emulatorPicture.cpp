@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "vistralcontrol/vdcAttachablePdu.h"
+#include "vistralcontrol/vdcLineSegment.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
 #include "vistralemulator/emulatorSnapshot.h"
 
@@ -78,7 +79,7 @@ void text(cairo_t* cr, double x, double y, const std::string& s, double size = 1
 // A dash pattern from the 32 bits of a line pattern, most significant bit first, one bit per unit: runs of
 // ones are drawn, runs of zeros left out. All ones (and no bits at all) is a solid line.
 void setPattern(cairo_t* cr, std::uint32_t pattern, double unit) {
-  if (pattern == 0 || pattern == 0xFFFFFFFFu) {
+  if (pattern == 0 || pattern == DtVdcLineSegment::kSolidPattern) {
     cairo_set_dash(cr, nullptr, 0, 0);
     return;
   }
