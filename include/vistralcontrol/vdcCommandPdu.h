@@ -4,6 +4,15 @@
 
 #include "vistralcontrol/vistralDrawControlPdu.h"
 
+// Command types beyond the draw-object types: one attribute of a panel shown or hidden. The command's object
+// id names the attribute, its layer id the panel: an attribute group, or a group template.
+enum DtVdcAttributeCommand : unsigned int {
+  DtVdcCommandShowGroupAttribute = 2516,
+  DtVdcCommandShowTemplateAttribute = 2517,
+  DtVdcCommandHideGroupAttribute = 2518,
+  DtVdcCommandHideTemplateAttribute = 2519,
+};
+
 class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
  public:
   DtVdcCommandPduBase(const DtVdcCommandPduBase& other) = default;
