@@ -13,6 +13,7 @@ enum DtVdcAttributeCommand : unsigned int {
   DtVdcCommandHideTemplateAttribute = 2519,
 };
 
+// What the command PDU's two layouts share: its text form, its dump and the layer id.
 class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
  public:
   DtVdcCommandPduBase(const DtVdcCommandPduBase& other) = default;
