@@ -211,6 +211,9 @@ int main(int argc, char** argv) {
     const bool families = everyFamily(viewer);
     const bool session = steeringSession(viewer);
     const bool drawing = drawingSession(viewer, outDir);
+    const DtEmulatorState& state = viewer.state();
+    std::cout << "\nthe viewer took " << state.counters.received << " PDUs and sent " << state.counters.answered
+              << " reports\n";
     return families && session && drawing ? 0 : 1;
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";
