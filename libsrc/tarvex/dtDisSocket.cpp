@@ -193,6 +193,11 @@ DtDisSocket DtDisSocket::sender(const DtDisAddress& address) {
       setOption(fd, address, IPPROTO_IP, IP_MULTICAST_IF, &via, sizeof via, "IP_MULTICAST_IF");
     }
   }
+  if (address.interface != 0 && address.cast != DtDisAddress::Cast::Multicast) {
+    const sockaddr_in from = socketAddress(address.interface, 0);
+    if (bind(fd, asGeneric(from), sizeof from) != 0)
+      bad(address.name, systemError("cannot send from " + Endpoint{address.interface, 0}.text()));
+  }
   const sockaddr_in to = socketAddress(address.host, address.port);
   if (connect(fd, asGeneric(to), sizeof to) != 0)
     bad(address.name, systemError("cannot send to " + Endpoint{address.host, address.port}.text()));
