@@ -11,8 +11,10 @@
 #include "tarvex/dtParameterSet.h"
 
 namespace {
-// How many datagrams one poll takes at most, so that a flood cannot keep processIncoming() from returning.
+// How much one poll takes at most, so that a flood can neither keep processIncoming() from returning nor fill
+// the incoming queue beyond a few megabytes; the rest waits in the socket for the next poll.
 constexpr int kDatagramsPerPoll = 4096;
+constexpr std::size_t kBytesPerPoll = std::size_t{4} << 20;
 
 const char* reasonText(DtDisSocket::Verdict v) {
   switch (v) {
@@ -81,11 +83,13 @@ class DisNetwork final : public DtFederationBackend {
   }
 
   void poll() override {
-    for (int i = 0; i < kDatagramsPerPoll; ++i) {
+    std::size_t bytes = 0;
+    for (int i = 0; i < kDatagramsPerPoll && bytes < kBytesPerPoll; ++i) {
       DtDisSocket::Endpoint from;
       const long size = receiver_.receive(buffer_.data(), buffer_.size(), &from);
       if (size < 0) return;
       take(buffer_.data(), static_cast<std::size_t>(size), from);
+      bytes += static_cast<std::size_t>(size);
     }
   }
 
