@@ -53,6 +53,11 @@ int freePort() {
   return ntohs(a.sin_port);
 }
 
+// Sends to port to, listens on listen.
+std::string unicast(int to, int listen) {
+  return "dis://127.0.0.1:" + std::to_string(to) + "?listen=" + std::to_string(listen);
+}
+
 // A raw datagram from a socket of the test's own, as any program on the network could send it.
 void sendRaw(const std::string& host, int port, const Bytes& bytes) {
   const int fd = socket(AF_INET, SOCK_DGRAM, 0);
@@ -275,11 +280,9 @@ TEST(DisSocket, OnlyOneWholePduOfTheKindAndExerciseIsAccepted) {
 
 TEST(DisNetwork, ConnectionsInOneProcessHearEachOtherNeverThemselvesAndOnlyViewControlTravels) {
   const int a = freePort(), b = freePort();
-  const std::string toB = "dis://127.0.0.1:" + std::to_string(b) + "?listen=" + std::to_string(a);
-  const std::string toA = "dis://127.0.0.1:" + std::to_string(a) + "?listen=" + std::to_string(b);
-  DtExerciseConn left(toB.c_str(), "left"), right(toA.c_str(), "right");
+  DtExerciseConn left(unicast(b, a).c_str(), "left"), right(unicast(a, b).c_str(), "right");
   EXPECT_STREQ(left.backendName(), "dis");
-  EXPECT_THROW(DtExerciseConn(toB.c_str(), "clash"), DtException);  // its port is taken
+  EXPECT_THROW(DtExerciseConn(unicast(b, a).c_str(), "clash"), DtException);  // its port is taken
   DtVistralControlRegister(&left);
   DtVistralControlRegister(&right);
   DtVistralEmulator viewer(&right, "vistral-1");
@@ -307,6 +310,21 @@ TEST(DisNetwork, ConnectionsInOneProcessHearEachOtherNeverThemselvesAndOnlyViewC
   EXPECT_EQ(loop.datagramStatistics().delivered, 0u);
   alone.removeViewModeChangeCallback(&heard, &reports, DtVistralRemoteController::SEND_TO_ALL);
 
+  // A datagram carries no class name: a FOM that calls the class otherwise meets the built-in one.
+  DtFomMapper mapper;
+  mapper.mapInteractionClass("ViewControl", "ViewerCommand");
+  mapper.mapParameter("ViewerCommand", "ViewControlPdu", "Image");
+  const int c = freePort(), d = freePort();
+  DtExerciseConn renamed(unicast(d, c).c_str(), "renamed", &mapper, VISTRAL_TEST_FED_DIR "/renamed.fed");
+  DtExerciseConn plain(unicast(c, d).c_str(), "plain");
+  DtVistralControlRegister(&renamed);
+  DtVistralEmulator far(&plain, "vistral-1");
+  DtVistralRemoteController steer(&renamed, "vistral-1");
+  steer.setFogEnabled(true);
+  pump(
+      plain, [&] { return far.state().counters.received == 1; }, 2);
+  EXPECT_EQ(far.state().counters.received, 1u);
+
   // A FOM without ViewControl carries nothing; the connection says so once.
   std::ostringstream warnings;
   DtWarn.setStream(warnings);
@@ -318,8 +336,7 @@ TEST(DisNetwork, ConnectionsInOneProcessHearEachOtherNeverThemselvesAndOnlyViewC
 }
 
 TEST(DisNetwork, ARefusedAddressFailsTheSendAndIsCountedAndWarned) {
-  const std::string nobody =
-      "dis://127.0.0.1:" + std::to_string(freePort()) + "?listen=" + std::to_string(freePort());
+  const std::string nobody = unicast(freePort(), freePort());
   DtExerciseConn conn(nobody.c_str(), "lonely");
   DtVistralControlRegister(&conn);
   DtDisRemoteControlSender copy(nobody);
@@ -341,9 +358,8 @@ TEST(DisNetwork, ARefusedAddressFailsTheSendAndIsCountedAndWarned) {
 }
 
 TEST(DisNetwork, AControllerAndADrawerSteerAnEmulatorInAnotherProcessByUnicast) {
-  const std::string a = std::to_string(freePort()), b = std::to_string(freePort());
-  steerAndDraw("dis://127.0.0.1:" + b + "?listen=" + a + "&exercise=7",
-               "dis://127.0.0.1:" + a + "?listen=" + b + "&exercise=7", "127.0.0.1", std::stoi(b), 0);
+  const int a = freePort(), b = freePort();
+  steerAndDraw(unicast(b, a) + "&exercise=7", unicast(a, b) + "&exercise=7", "127.0.0.1", b, 0);
 }
 
 TEST(DisNetwork, AControllerAndADrawerSteerAnEmulatorInAnotherProcessByMulticast) {
