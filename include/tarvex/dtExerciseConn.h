@@ -21,12 +21,13 @@
 //
 // DIS over UDP: an execution name of the form dis://HOST:PORT[?options] (tarvex/dtDisSocket.h gives the
 // form, the options and how two processes on one host meet) joins no federation but the DIS network at that
-// address. Only the FOM's "ViewControl" class travels, its "ViewControlPdu" parameter (a whole PDU, kind 202)
-// as one datagram; each datagram that arrives holding one such PDU (of the address's exercise, when it names
-// one) is delivered as a ViewControl interaction, in arrival order, inside processIncoming(). Datagrams this
-// connection sent are never delivered back to it. Others are dropped and counted (datagramStatistics()), with
-// a warning at most once a second. Sending another class, or sending with a FOM that has no ViewControl
-// class, sends nothing and returns false; a send the network refuses returns false too.
+// address. Only the FOM's "ViewControl" class travels (under the FOM mapper's names, if it has others), its
+// "ViewControlPdu" parameter (a whole PDU, kind 202) as one datagram; each datagram that arrives holding one
+// such PDU (of the address's exercise, when it names one) is delivered as a ViewControl interaction, in
+// arrival order, inside processIncoming(). Datagrams this connection sent are never delivered back to it.
+// Others are dropped and counted (datagramStatistics()), with a warning at most once a second. Sending
+// another class, or sending with a FOM that has no ViewControl class, sends nothing and returns false; a send
+// the network refuses returns false too.
 //
 // Threads: none are started and no locks are taken. A connection and every interaction it hands out belong to
 // the thread that uses it; connections to the in-process federation must all be used from one thread.

@@ -1,7 +1,6 @@
 #include "tarvex/dtDisSocket.h"
 
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -62,14 +61,16 @@ sockaddr_in socketAddress(std::uint32_t address, std::uint16_t port) {
 
 const sockaddr* asGeneric(const sockaddr_in& a) { return reinterpret_cast<const sockaddr*>(&a); }
 
-std::string systemError(const std::string& what) { return what + ": " + std::strerror(errno); }
+// What failed and the system's reason; error is errno as the failing call left it, taken before the text is
+// built, since building it may change errno.
+std::string systemError(int error, const std::string& what) { return what + ": " + std::strerror(error); }
 
 bool isMulticast(std::uint32_t address) { return (address >> 28) == 0xE; }
 
 void setOption(int fd, const DtDisAddress& address, int level, int option, const void* value, socklen_t size,
                const char* what) {
   if (setsockopt(fd, level, option, value, size) != 0)
-    bad(address.name, systemError(std::string("cannot set ") + what));
+    bad(address.name, systemError(errno, std::string("cannot set ") + what));
 }
 
 void setInt(int fd, const DtDisAddress& address, int level, int option, int value, const char* what) {
@@ -78,7 +79,7 @@ void setInt(int fd, const DtDisAddress& address, int level, int option, int valu
 
 int openSocket(const DtDisAddress& address) {
   const int fd = socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-  if (fd < 0) bad(address.name, systemError("cannot open a UDP socket"));
+  if (fd < 0) bad(address.name, systemError(errno, "cannot open a UDP socket"));
   return fd;
 }
 
@@ -195,16 +196,20 @@ DtDisSocket DtDisSocket::sender(const DtDisAddress& address) {
   }
   if (address.interface != 0 && address.cast != DtDisAddress::Cast::Multicast) {
     const sockaddr_in from = socketAddress(address.interface, 0);
-    if (bind(fd, asGeneric(from), sizeof from) != 0)
-      bad(address.name, systemError("cannot send from " + Endpoint{address.interface, 0}.text()));
+    if (bind(fd, asGeneric(from), sizeof from) != 0) {
+      const int error = errno;
+      bad(address.name, systemError(error, "cannot send from " + Endpoint{address.interface, 0}.text()));
+    }
   }
   const sockaddr_in to = socketAddress(address.host, address.port);
-  if (connect(fd, asGeneric(to), sizeof to) != 0)
-    bad(address.name, systemError("cannot send to " + Endpoint{address.host, address.port}.text()));
+  if (connect(fd, asGeneric(to), sizeof to) != 0) {
+    const int error = errno;
+    bad(address.name, systemError(error, "cannot send to " + Endpoint{address.host, address.port}.text()));
+  }
   sockaddr_in self{};
   socklen_t size = sizeof self;
   if (getsockname(fd, reinterpret_cast<sockaddr*>(&self), &size) != 0)
-    bad(address.name, systemError("cannot read the sending socket's address"));
+    bad(address.name, systemError(errno, "cannot read the sending socket's address"));
   s.local_ = Endpoint{ntohl(self.sin_addr.s_addr), ntohs(self.sin_port)};
   return s;
 }
@@ -220,8 +225,9 @@ DtDisSocket DtDisSocket::receiver(const DtDisAddress& address) {
                                                                              : INADDR_ANY;
   const sockaddr_in at = socketAddress(bindTo, address.listenPort);
   if (bind(fd, asGeneric(at), sizeof at) != 0) {
-    std::string why = systemError("cannot listen on port " + std::to_string(address.listenPort));
-    if (!shared && errno == EADDRINUSE)
+    const int error = errno;
+    std::string why = systemError(error, "cannot listen on port " + std::to_string(address.listenPort));
+    if (!shared && error == EADDRINUSE)
       why += " (two processes on one host need a port each: add ?listen=PORT to one of them)";
     bad(address.name, why);
   }
@@ -253,7 +259,8 @@ bool DtDisSocket::sendPdu(const void* bytes, std::size_t length) {
     sent = sendmsg(fd_, &message, MSG_DONTWAIT | MSG_NOSIGNAL);
   }
   if (sent == static_cast<ssize_t>(length)) return true;
-  fail(sent < 0 ? systemError("cannot send to " + Endpoint{address_.host, address_.port}.text())
+  const int error = errno;
+  fail(sent < 0 ? systemError(error, "cannot send to " + Endpoint{address_.host, address_.port}.text())
                 : "sent " + std::to_string(sent) + " of " + std::to_string(length) + " bytes");
   return false;
 }
