@@ -46,17 +46,8 @@ class DisNetwork final : public DtFederationBackend {
   const char* name() const override { return "dis"; }
   DtInitStatus initStatus() const override { return DtInitJoinedExecution; }
 
-  // Handles are positions in the FOM, from 1, as in the in-process federation.
   std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const override {
-    std::vector<std::unique_ptr<DtInterClassDesc>> out;
-    RTI::InteractionClassHandle handle = 0;
-    for (const DtFedInteractionClass& c : fom_.interactionClasses()) {
-      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name, ++handle);
-      RTI::ParameterHandle parameter = 0;
-      for (const std::string& p : c.parameters) desc->addParameter(p, ++parameter);
-      out.push_back(std::move(desc));
-    }
-    return out;
+    return DtClassesByPosition(fom_);
   }
 
   RTI::ParameterHandleValuePairSet& sendSet() override { return sendSet_; }
@@ -96,23 +87,21 @@ class DisNetwork final : public DtFederationBackend {
   DtDatagramStatistics datagramStatistics() const override { return statistics_; }
 
  private:
-  // The class and parameter that travel, by the connection's names for them.
+  // The class and parameter that travel, by the connection's names for them, with the handles the connection
+  // gives them.
   void findViewControl(const DtFomMapper* mapper) {
     const char* className =
         mapper != nullptr ? mapper->fomInteractionClass(DtDisBinding::kClassName) : DtDisBinding::kClassName;
-    RTI::InteractionClassHandle handle = 0;
-    for (const DtFedInteractionClass& c : fom_.interactionClasses()) {
-      ++handle;
-      if (c.name != className && c.fullName != className) continue;
+    for (const auto& c : interactionClasses()) {
+      if (c->name() != className && c->fullName() != className) continue;
       const char* parameterName = mapper != nullptr
-                                      ? mapper->fomParameter(c.name.c_str(), DtDisBinding::kParameterName)
+                                      ? mapper->fomParameter(c->name().c_str(), DtDisBinding::kParameterName)
                                       : DtDisBinding::kParameterName;
-      for (std::size_t p = 0; p < c.parameters.size(); ++p) {
-        if (c.parameters[p] != parameterName) continue;
-        class_ = handle;
-        parameter_ = static_cast<RTI::Handle>(p + 1);
-        return;
-      }
+      RTI::ParameterHandle parameter = 0;
+      if (!c->findParameter(parameterName, &parameter)) continue;
+      class_ = c->handle();
+      parameter_ = parameter;
+      return;
     }
     DtWarn.message("%s: the FOM has no class %s with a parameter %s, so nothing travels over DIS\n",
                    receiver_.address().name.c_str(), className, DtDisBinding::kParameterName);

@@ -40,6 +40,11 @@ struct DtFomSource {
   const DtFomMapper* mapper = nullptr;  // the connection's names for the FOM's, for backends that need them
 };
 
+// The FOM's interaction classes with handles of their positions: classes from 1 in FOM order, parameters from
+// 1 within a class, inherited ones first (so that a parameter keeps its handle in subclasses). For backends
+// whose federation hands out no handles of its own.
+std::vector<std::unique_ptr<DtInterClassDesc>> DtClassesByPosition(const DtFedFile& fom);
+
 // Joins a federation of one kind. rtiAmbassador: an ambassador the application made, for the kinds that take
 // one (null otherwise). Null when this build does not have that kind.
 using DtFederationJoin = std::unique_ptr<DtFederationBackend> (*)(const std::string& execution,
