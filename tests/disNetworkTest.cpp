@@ -278,7 +278,7 @@ TEST(DisSocket, OnlyOneWholePduOfTheKindAndExerciseIsAccepted) {
   EXPECT_EQ(DtDisSocket::check(nullptr, 0, -1), V::TooShort);
 }
 
-TEST(DisNetwork, ConnectionsInOneProcessHearEachOtherNeverThemselvesAndOnlyViewControlTravels) {
+TEST(DisNetwork, ConnectionsInOneProcessHearEachOtherNeverThemselvesWhateverTheFomCallsTheClass) {
   const int a = freePort(), b = freePort();
   DtExerciseConn left(unicast(b, a).c_str(), "left"), right(unicast(a, b).c_str(), "right");
   EXPECT_STREQ(left.backendName(), "dis");
