@@ -1,10 +1,14 @@
-// A remote drawer builds an overlay scene in the viewer over the in-process federation: 2D and 3D
+// A remote drawer builds an overlay scene in the viewer over the demo's federation: 2D and 3D
 // lines, an area, shapes, texts, a layer and an attribute panel whose values change; then it hides, shows
 // and removes objects, and what is left goes when the drawer does. The viewer prints each PDU it receives.
 #include "demoDrawing.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <cstring>
 #include <iostream>
+#include <thread>
 #include <vector>
 
 #include "tarvex/dtExerciseConn.h"
@@ -40,18 +44,38 @@ void printDrawn(DtVistralControlInteraction* inter, void*) {
 }
 }  // namespace
 
-bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDrawn) {
+void settle(std::initializer_list<DtExerciseConn*> conns) {
+  const auto take = [&] {
+    int n = 0;
+    for (DtExerciseConn* conn : conns) n += conn->processIncoming();
+    return n;
+  };
+  take();
+  const bool network = std::any_of(conns.begin(), conns.end(), [](DtExerciseConn* c) {
+    return std::strcmp(c->backendName(), "inprocess") != 0;
+  });
+  if (!network) return;
+  using Clock = std::chrono::steady_clock;
+  const auto giveUp = Clock::now() + std::chrono::seconds(2);
+  for (auto quietFrom = Clock::now();
+       Clock::now() - quietFrom < std::chrono::milliseconds(20) && Clock::now() < giveUp;) {
+    if (take() > 0)
+      quietFrom = Clock::now();
+    else
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
+bool drawingScene(DtExerciseConn& viewer, DtExerciseConn& app, const std::function<void()>& whileDrawn) {
   using Seg = DtVdcLineSegment;
   DtVistralControlInteraction::addCallback(&viewer, &printDrawn, nullptr);
   int sent = 0;
   {
-    DtExerciseConn app(viewer.executionName().c_str(), "demo-drawer");
-    DtVistralControlRegister(&app);
     DtVistralRemoteDrawer drawer(&app, DtVistralRemoteDrawer::SEND_TO_ALL, 1);
     auto step = [&](const char* what, int pdus) {
       std::cout << "\n--> " << what << "\n";
       sent += pdus;
-      viewer.processIncoming();
+      settle({&viewer});
     };
 
     const unsigned layer = drawer.nextId();
@@ -129,7 +153,7 @@ bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDraw
     std::cout << "\n--> the drawer goes; what it still holds is removed in ascending id order\n";
     sent += 11;  // one remove for each object still held; the layout's templates are its own, not held
   }
-  viewer.processIncoming();
+  settle({&viewer});
   DtVistralControlInteraction::removeCallback(&viewer, &printDrawn, nullptr);
   std::cout << "\n" << sent << " draw PDUs sent, " << received << " received by the viewer\n";
   return received == sent;

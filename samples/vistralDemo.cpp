@@ -1,4 +1,12 @@
-// The main demo, on the in-process federation. The viewer is the headless viewer emulator throughout.
+// The main demo, on the in-process federation, or over DIS or an RTI when asked. The viewer is the headless
+// viewer emulator throughout.
+//
+//   vistralDemo [--federation NAME] [--viewer-federation NAME] [OUTDIR]
+//
+// Over DIS by unicast, the two sides need a port each, so the viewer's name is the other way round:
+//   vistralDemo --federation "dis://127.0.0.1:3000?listen=3001" --viewer-federation
+//   "dis://127.0.0.1:3001?listen=3000"
+// By multicast, one name serves both: vistralDemo --federation "dis://239.1.2.3:3000?interface=127.0.0.1".
 //
 // Step 1: one command of each family travels as a "ViewControl" interaction from a controller federate to the
 // viewer, which prints what arrives.
@@ -16,6 +24,8 @@
 
 #include "demoDrawing.h"
 #include "demoPdus.h"
+#include "tarvex/dtCmdLine.h"
+#include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/vistralControlRegister.h"
@@ -25,7 +35,7 @@
 #include "vistralemulator/vistralEmulator.h"
 
 namespace {
-constexpr const char* kExecution = "VistralDemo";
+std::string theExecution = "VistralDemo";  // the application's side
 constexpr const char* kViewer = "vistral-1";
 constexpr const char* kController = "demo-controller";
 
@@ -58,7 +68,7 @@ void printArrival(DtVistralControlInteraction* inter, void* usr) {
 
 bool everyFamily(DtVistralEmulator& emulator) {
   std::cout << "===== Step 1: one command of each family, sent and received =====\n";
-  DtExerciseConn controller(kExecution, kController);
+  DtExerciseConn controller(theExecution.c_str(), kController);
   DtVistralControlRegister(&controller);
   DtExerciseConn& viewer = *emulator.connection();
   Inbox inbox;
@@ -72,7 +82,7 @@ bool everyFamily(DtVistralEmulator& emulator) {
     if (!controller.sendInteraction(inter)) continue;
     ++sent;
     inbox.sent = pdu.get();
-    viewer.processIncoming();
+    settle({&viewer});
   }
   DtVistralControlInteraction::removeCallback(&viewer, &printArrival, &inbox);
   std::cout << "\n" << sent << " sent, " << inbox.received << " received by the viewer\n";
@@ -89,7 +99,7 @@ void heardReport(const DtVistralControlPdu& pdu, void* usr) {
 
 bool steeringSession(DtVistralEmulator& viewer) {
   std::cout << "\n===== Step 2: a remote controller steers a viewer and hears it back =====\n";
-  DtExerciseConn conn(kExecution, kController);
+  DtExerciseConn conn(theExecution.c_str(), kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
@@ -105,10 +115,9 @@ bool steeringSession(DtVistralEmulator& viewer) {
   const auto step = [&](const char* what, auto&& command) {
     std::cout << "\n--> " << what << "\n";
     command();
-    viewer.processIncoming();
+    settle({viewer.connection()});
     controller.requestCurrentViewMode(kViewer);
-    viewer.processIncoming();
-    conn.processIncoming();
+    settle({viewer.connection(), &conn});
   };
   step("absolute mode", [&] { controller.setAbsoluteMode(&location, &look); });
   step("tether mode", [&] { controller.setTetherMode(&tank, &offset, &look); });
@@ -137,14 +146,14 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
   std::cout << "\n===== Step 3: a remote drawer draws, changes, layers and removes a scene; what the viewer "
                "shows =====\n";
   // Orbit the entity the scene hangs on, so that the map shows the eye there.
-  DtExerciseConn conn(kExecution, kController);
+  DtExerciseConn conn(theExecution.c_str(), kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
   const DtString lead("1:3001:12");
   const float radius = 150, heading = 0.8f;
   controller.setOrbitMode(&lead, &radius, &heading, nullptr, nullptr);
-  viewer.processIncoming();
+  settle({viewer.connection()});
 
   bool written = false;
   const auto writeWhatTheViewerShows = [&] {
@@ -165,16 +174,49 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
     std::cout << (ok ? "wrote " : "could not write ") << json << "\n";
     written = written && ok;
   };
-  const bool received = drawingScene(*viewer.connection(), writeWhatTheViewerShows);
+  const bool received = drawingScene(*viewer.connection(), conn, writeWhatTheViewerShows);
   return received && written;
 }
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string outDir = argc > 1 ? argv[1] : ".";
-  DtVistralEmulator viewer(kExecution, kViewer);
-  const bool families = everyFamily(viewer);
-  const bool session = steeringSession(viewer);
-  const bool drawing = drawingSession(viewer, outDir);
-  return families && session && drawing ? 0 : 1;
+  DtCmdLine cmd("vistralDemo", "The vistral control demo: a controller and a drawer steer a headless viewer.",
+                "54.0");
+  const int federation = cmd.addValue("federation", "f", "NAME",
+                                      "the application's federation: the process's own (any name), "
+                                      "dis://HOST:PORT[?OPTIONS] for DIS over UDP, or an RTI 1.3's URL",
+                                      theExecution);
+  const int viewerFederation =
+      cmd.addValue("viewer-federation", "", "NAME", "the viewer's (default: the application's)", "");
+  cmd.setPositionalHelp("[OUTDIR]", "where the pictures and the snapshot go (default: here)");
+  switch (cmd.parse(argc, argv)) {
+    case DtCmdLine::Result::Help:
+      cmd.printUsage(std::cout);
+      return 0;
+    case DtCmdLine::Result::Version:
+      cmd.printVersion(std::cout);
+      return 0;
+    case DtCmdLine::Result::Error:
+      cmd.printParseError(std::cerr);
+      return 2;
+    case DtCmdLine::Result::Ok:
+      break;
+  }
+  const std::string outDir = cmd.positionals().empty() ? "." : cmd.positionals()[0];
+  theExecution = cmd.value(federation);
+  const std::string viewerExecution =
+      cmd.value(viewerFederation).empty() ? theExecution : cmd.value(viewerFederation);
+  try {
+    DtVistralEmulator viewer(viewerExecution.c_str(), kViewer);
+    const bool families = everyFamily(viewer);
+    const bool session = steeringSession(viewer);
+    const bool drawing = drawingSession(viewer, outDir);
+    const DtEmulatorState& state = viewer.state();
+    std::cout << "\nthe viewer took " << state.counters.received << " PDUs and sent " << state.counters.answered
+              << " reports\n";
+    return families && session && drawing ? 0 : 1;
+  } catch (const DtException& e) {
+    std::cerr << e.what() << "\n";
+    return 1;
+  }
 }

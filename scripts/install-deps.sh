@@ -18,12 +18,16 @@ command -v clang-tidy >/dev/null 2>&1 || need+=(clang-tidy)
 # The API reference (the docs target): Doxygen, and Graphviz's dot for its class diagrams.
 command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 command -v dot >/dev/null 2>&1 || need+=(graphviz)
+# The DIS capture test: tshark captures the demo's datagrams and reads them back with its own DIS dissector.
+command -v tshark >/dev/null 2>&1 || need+=(tshark)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"
   sudo_cmd=""
   [ "$(id -u)" -eq 0 ] || sudo_cmd="sudo"
   export DEBIAN_FRONTEND=noninteractive
+  # tshark's package asks whether users other than root may capture: no.
+  echo "wireshark-common wireshark-common/install-setuid boolean false" | $sudo_cmd debconf-set-selections
   $sudo_cmd apt-get update -qq
   $sudo_cmd apt-get install -y -qq --no-install-recommends "${need[@]}"
 fi

@@ -34,5 +34,8 @@ expect 2 "PARSE ERROR: '99999999999' is not a whole number" frames-per-second 99
 expect 2 "PARSE ERROR: 'maybe' is not on or off" fog maybe
 expect 1 "DtException" --federation Steer --fed /nonexistent.fed reset
 expect 1 "no report from vistral-9 within 0.2 s" --viewer vistral-9 --wait 0.2 request-state
+# A DIS name that cannot be used is an error that says why.
+expect 1 "unknown option 'colour'" --federation "dis://127.0.0.1:3000?colour=red" orbit tank 50
+expect 1 "cannot resolve host" --federation "dis://no-such-host.invalid:3000" orbit tank 50
 echo "$((18 - failures)) passed, $failures failed"
 [ "$failures" -eq 0 ]

@@ -1,5 +1,6 @@
 // A headless viewer on a federation: takes the control PDUs addressed to its viewer id, answers requests for
-// its state, and on leaving writes what it would show (SVG, PNG) and its whole state (JSON).
+// its state (through its connection: over DIS, to the address or group it uses), and on leaving writes what
+// it would show (SVG, PNG) and its whole state (JSON).
 //
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
 //                   [--svg FILE] [--png FILE] [--json FILE] [--quiet]
@@ -40,11 +41,11 @@ int main(int argc, char** argv) {
       "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
       "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "this viewer's id", "vistral-1");
-  const int federation =
-      cmd.addValue("federation", "f", "NAME",
-                   "the federation execution (rti://HOST:PORT/NAME or thread:///NAME for an "
-                   "RTI 1.3 when one is built in)",
-                   "VistralControl");
+  const int federation = cmd.addValue("federation", "f", "NAME",
+                                      "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP "
+                                      "(two processes on one host: ?listen=PORT), rti://HOST:PORT/NAME or "
+                                      "thread:///NAME for an RTI 1.3 when one is built in",
+                                      "VistralControl");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "run for N seconds (0: until interrupted)", "0");
   const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");

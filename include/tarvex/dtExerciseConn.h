@@ -19,11 +19,22 @@
 // application calls processIncoming() on its connection; callbacks run inside that call, on the caller's
 // thread.
 //
+// DIS over UDP: an execution name of the form dis://HOST:PORT[?options] (tarvex/dtDisSocket.h gives the
+// form, the options and how two processes on one host meet) joins no federation but the DIS network at that
+// address. Only the FOM's "ViewControl" class travels (under the FOM mapper's names, if it has others), its
+// "ViewControlPdu" parameter (a whole PDU, kind 202) as one datagram; each datagram that arrives holding one
+// such PDU (of the address's exercise, when it names one) is delivered as a ViewControl interaction, in
+// arrival order, inside processIncoming(). Datagrams this connection sent are never delivered back to it.
+// Others are dropped and counted (datagramStatistics()), with a warning at most once a second. Sending
+// another class, or sending with a FOM that has no ViewControl class, sends nothing and returns false; a send
+// the network refuses returns false too.
+//
 // Threads: none are started and no locks are taken. A connection and every interaction it hands out belong to
 // the thread that uses it; connections to the in-process federation must all be used from one thread.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -91,19 +102,34 @@ class TARVEX_EXPORT DtInteractionFactory {
   unsigned version_ = 0;
 };
 
+// What a connection's network did with the datagrams that reached it, and the sends it refused. Always zero
+// on federations that do not travel as datagrams.
+struct DtDatagramStatistics {
+  std::uint64_t delivered = 0;      // queued for processIncoming() as interactions
+  std::uint64_t tooShort = 0;       // fewer bytes than a PDU header, empty ones included
+  std::uint64_t badLength = 0;      // the header's length is not the datagram's size
+  std::uint64_t otherKind = 0;      // a PDU of another kind
+  std::uint64_t otherExercise = 0;  // a PDU of another exercise than the one named
+  std::uint64_t ownEchoes = 0;      // this connection's own datagrams, come back (not faults)
+  std::uint64_t sendFailures = 0;   // sends the network refused
+  // Datagrams dropped as malformed or not for this connection, all reasons together.
+  std::uint64_t dropped() const { return tooShort + badLength + otherKind + otherExercise; }
+};
+
 // One federate joined to one federation execution: the way onto a federation for the controller, the
 // drawer, the emulator and the application alike. The header's notes say how the backend, the FOM and
 // delivery are chosen.
 class TARVEX_EXPORT DtExerciseConn {
  public:
-  // executionName: the federation execution; a URL ("rti://...", "thread://...") selects the RTI backend.
+  // executionName: the federation execution; "dis://..." selects DIS over UDP, another URL ("rti://...",
+  // "thread://...") the RTI backend.
   // federateName: this federate's name. fomMapper: copied; null maps every name to itself. fedFile: path of a
   // FED file; null or "" for the built-in ViewControl FOM. initStatus: if given, receives whether this
   // connection created the execution or joined it. Failures throw DtException.
   DtExerciseConn(const char* executionName, const char* federateName, DtFomMapper* fomMapper = nullptr,
                  const char* fedFile = nullptr, DtInitStatus* initStatus = nullptr);
-  // backend: "inprocess", "rti13", or null/"" to decide by the execution name as above. rtiAmbassador: an
-  // RTI::RTIambassador* that the application made and keeps owning, for the connection to join through
+  // backend: "inprocess", "rti13", "dis", or null/"" to decide by the execution name as above. rtiAmbassador:
+  // an RTI::RTIambassador* that the application made and keeps owning, for the connection to join through
   // (its first use must be by this connection); null to let the connection make its own. Only the RTI backend
   // takes one.
   DtExerciseConn(const char* executionName, const char* federateName, const char* fedFile,
@@ -119,7 +145,7 @@ class TARVEX_EXPORT DtExerciseConn {
   // The names the connection joined with.
   const DtString& executionName() const;
   const DtString& federateName() const;
-  // "inprocess" or "rti13".
+  // "inprocess", "rti13" or "dis".
   const char* backendName() const;
   // Whether this connection created the execution or joined it.
   DtInitStatus initStatus() const;
@@ -170,6 +196,8 @@ class TARVEX_EXPORT DtExerciseConn {
   // Received interactions not yet processed, and the bytes this connection keeps for queueing them.
   std::size_t pendingIncoming() const;
   std::size_t retainedIncomingBytes() const;
+  // Datagrams received, dropped (by reason) and refused, since the connection joined.
+  DtDatagramStatistics datagramStatistics() const;
 
  private:
   struct Impl;

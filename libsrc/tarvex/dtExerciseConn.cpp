@@ -7,6 +7,7 @@
 
 #include "dtFederationBackend.h"
 #include "tarvex/dtDeferredRemoval.h"
+#include "tarvex/dtDisSocket.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtMessage.h"
 
@@ -40,11 +41,13 @@ bool sameText(const std::string& known, const char* text) {
 }
 
 bool isUrl(const std::string& execution) { return execution.find("://") != std::string::npos; }
+bool isDisName(const std::string& execution) { return DtDisAddress::isDisName(execution.c_str()); }
 bool anyName(const std::string& /*execution*/) { return true; }
 
 // The kinds of federation, in the order an execution name is offered to them when no backend is named: the
 // first that claims it is used, and the in-process federation, last, takes any name.
 const DtFederationKind kKinds[] = {
+    {"dis", isDisName, DtJoinDisNetwork, false, ""},
     {"rti13", isUrl, DtJoinRti13Federation, true,
      "the HLA 1.3 RTI backend, which this build does not have (configure with "
      "-DVISTRAL_RTI13_ROOT=<prefix of an HLA 1.3 RTI>)"},
@@ -113,7 +116,8 @@ struct DtExerciseConn::Impl {
     const DtFederationKind& kind = chooseKind(executionName, backendName);
     if (rtiAmbassador != nullptr && !kind.takesAmbassador)
       DT_THROW(std::string("The ") + kind.name + " backend takes no RTI ambassador");
-    const DtFomSource fom = loadFom(fedFile);
+    DtFomSource fom = loadFom(fedFile);
+    fom.mapper = &mapper;
     backend = kind.join(executionName, federateName, fom, rtiAmbassador, queue);
     if (!backend) DT_THROW(std::string("Execution ") + executionName + " needs " + kind.notBuilt);
     classes = backend->interactionClasses();
@@ -302,8 +306,7 @@ bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
   RTI::ParameterHandleValuePairSet& set = impl_->backend->sendSet();
   set.empty();
   encoder->encode(inter, &set);
-  impl_->backend->send(desc->handle(), set);
-  return true;
+  return impl_->backend->trySend(desc->handle(), set);
 }
 
 int DtExerciseConn::processIncoming() {
@@ -325,3 +328,6 @@ int DtExerciseConn::processIncoming() {
 
 std::size_t DtExerciseConn::pendingIncoming() const { return impl_->queue.pending(); }
 std::size_t DtExerciseConn::retainedIncomingBytes() const { return impl_->queue.retainedBytes(); }
+DtDatagramStatistics DtExerciseConn::datagramStatistics() const {
+  return impl_->backend->datagramStatistics();
+}

@@ -22,6 +22,12 @@ class DtFederationBackend {
   // The set an interaction is encoded into before send(); reused, so emptied by the caller first.
   virtual RTI::ParameterHandleValuePairSet& sendSet() = 0;
   virtual void send(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) = 0;
+  // Sends and says whether the federation took it; backends whose sends can be refused override it.
+  virtual bool trySend(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
+    send(cls, set);
+    return true;
+  }
+  virtual DtDatagramStatistics datagramStatistics() const { return {}; }
   virtual void subscribe(RTI::InteractionClassHandle cls, bool on) = 0;
   // Moves what has arrived into the incoming queue.
   virtual void poll() = 0;
@@ -31,7 +37,13 @@ class DtFederationBackend {
 struct DtFomSource {
   std::string path;  // empty for the built-in FOM
   DtFedFile fom;
+  const DtFomMapper* mapper = nullptr;  // the connection's names for the FOM's, for backends that need them
 };
+
+// The FOM's interaction classes with handles of their positions: classes from 1 in FOM order, parameters from
+// 1 within a class, inherited ones first (so that a parameter keeps its handle in subclasses). For backends
+// whose federation hands out no handles of its own.
+std::vector<std::unique_ptr<DtInterClassDesc>> DtClassesByPosition(const DtFedFile& fom);
 
 // Joins a federation of one kind. rtiAmbassador: an ambassador the application made, for the kinds that take
 // one (null otherwise). Null when this build does not have that kind.
@@ -54,6 +66,9 @@ std::unique_ptr<DtFederationBackend> DtJoinInProcessFederation(const std::string
                                                                const std::string& federate,
                                                                const DtFomSource& fom, void* rtiAmbassador,
                                                                DtIncomingQueue& queue);
+std::unique_ptr<DtFederationBackend> DtJoinDisNetwork(const std::string& execution,
+                                                      const std::string& federate, const DtFomSource& fom,
+                                                      void* rtiAmbassador, DtIncomingQueue& queue);
 // Null when no RTI is built in.
 std::unique_ptr<DtFederationBackend> DtJoinRti13Federation(const std::string& execution,
                                                            const std::string& federate,

@@ -12,6 +12,18 @@
 
 DtFederationBackend::~DtFederationBackend() = default;
 
+std::vector<std::unique_ptr<DtInterClassDesc>> DtClassesByPosition(const DtFedFile& fom) {
+  std::vector<std::unique_ptr<DtInterClassDesc>> out;
+  RTI::InteractionClassHandle handle = 0;
+  for (const DtFedInteractionClass& c : fom.interactionClasses()) {
+    auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name, ++handle);
+    RTI::ParameterHandle parameter = 0;
+    for (const std::string& p : c.parameters) desc->addParameter(p, ++parameter);
+    out.push_back(std::move(desc));
+  }
+  return out;
+}
+
 namespace {
 class InProcessFederate;
 
@@ -58,15 +70,7 @@ class InProcessFederate final : public DtFederationBackend {
   DtInitStatus initStatus() const override { return status_; }
 
   std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const override {
-    std::vector<std::unique_ptr<DtInterClassDesc>> out;
-    RTI::InteractionClassHandle handle = 0;
-    for (const DtFedInteractionClass& c : federation_->fom().interactionClasses()) {
-      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name, ++handle);
-      RTI::ParameterHandle parameter = 0;
-      for (const std::string& p : c.parameters) desc->addParameter(p, ++parameter);
-      out.push_back(std::move(desc));
-    }
-    return out;
+    return DtClassesByPosition(federation_->fom());
   }
 
   RTI::ParameterHandleValuePairSet& sendSet() override { return sendSet_; }

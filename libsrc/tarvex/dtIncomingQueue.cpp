@@ -38,6 +38,20 @@ void DtIncomingQueue::push(RTI::InteractionClassHandle cls, const RTI::Parameter
   }
 }
 
+void DtIncomingQueue::push(RTI::InteractionClassHandle cls, RTI::Handle parameter, const char* value,
+                           RTI::ULong length) {
+  Record& record = filling_.records.emplace_back();
+  record.cls = cls;
+  record.firstValue = filling_.values.size();
+  record.valueCount = 1;
+  std::vector<char>& bytes = filling_.bytes;
+  Value& v = filling_.values.emplace_back();
+  v.handle = parameter;
+  v.offset = bytes.size();
+  v.length = length;
+  bytes.insert(bytes.end(), value, value + length);
+}
+
 void DtIncomingQueue::resetDraining() {
   Batch& b = draining_;
   b.records.clear();

@@ -12,6 +12,8 @@ class DtIncomingQueue {
  public:
   // Copies the set's values.
   void push(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set);
+  // Copies one value: an interaction of one parameter, as a datagram brings it, with no set built for it.
+  void push(RTI::InteractionClassHandle cls, RTI::Handle parameter, const char* value, RTI::ULong length);
 
   // Calls deliver(cls, values) for each waiting interaction in arrival order. Interactions pushed meanwhile
   // wait for the next call. If deliver throws, the interactions after the one it threw on wait for the next
