@@ -12,6 +12,10 @@ class DtIncomingQueue {
  public:
   // Copies the set's values.
   void push(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set);
+  // The same for a backend whose RTI delivers values in a form of its own: a record for the class, then each
+  // of its values copied in, with no set built in between.
+  void pushClass(RTI::InteractionClassHandle cls);
+  void pushValue(RTI::Handle handle, const char* data, std::size_t length);
 
   // Calls deliver(cls, values) for each waiting interaction in arrival order. Interactions pushed meanwhile
   // wait for the next call. If deliver throws, the interactions after the one it threw on wait for the next
