@@ -153,7 +153,7 @@ class Link final : public DtRti1516eLink {
         confirmDeclarations();
       }
       fill(cls, values, count);
-      rti_->sendInteraction(handle, sendMap_, tag_);
+      rti_->sendInteraction(handle, sendMap_, kTag);
     } catch (const rti1516e::Exception& e) {
       DT_THROW("Cannot send interaction class " + std::to_string(cls) + " on " + execution_ + ": " +
                describe(e));
@@ -367,7 +367,7 @@ class Link final : public DtRti1516eLink {
     announced_ = synchronized_ = false;
     rti1516e::FederateHandleSet onlyUs;
     onlyUs.insert(self_);
-    rti_->registerFederationSynchronizationPoint(label_, tag_, onlyUs);
+    rti_->registerFederationSynchronizationPoint(label_, kTag, onlyUs);
     if (waitFor(announced_)) {
       rti_->synchronizationPointAchieved(label_);
       waitFor(synchronized_);
@@ -399,8 +399,10 @@ class Link final : public DtRti1516eLink {
   std::vector<Parameter> parameters_;                      // likewise
   std::vector<unsigned long> published_;
   rti1516e::ParameterHandleValueMap sendMap_;
-  const rti1516e::VariableLengthData tag_;
   std::vector<DtRti1516eValue> received_;
+  // The user-supplied tag of interactions and synchronization points. Some RTIs refuse an empty one ("Calling
+  // sendIntercation with Tag NULL"); receivers make nothing of it.
+  const rti1516e::VariableLengthData kTag{"vistral", 7};
   std::wstring label_;
   unsigned long confirmations_ = 0;
   bool announced_ = false;
