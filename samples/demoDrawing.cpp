@@ -1,7 +1,9 @@
-// A remote drawer builds an overlay scene in the viewer over the in-process federation: 2D and 3D
+// A remote drawer builds an overlay scene in the viewer over the viewer's federation: 2D and 3D
 // lines, an area, shapes, texts, a layer and an attribute panel whose values change; then it hides, shows
 // and removes objects, and what is left goes when the drawer does. The viewer prints each PDU it receives.
 #include "demoDrawing.h"
+
+#include "demoDelivery.h"
 
 #include <cmath>
 #include <iostream>
@@ -51,7 +53,7 @@ bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDraw
     auto step = [&](const char* what, int pdus) {
       std::cout << "\n--> " << what << "\n";
       sent += pdus;
-      viewer.processIncoming();
+      deliverUntil([&] { return received == sent; }, {&viewer});
     };
 
     const unsigned layer = drawer.nextId();
@@ -129,7 +131,7 @@ bool drawingScene(DtExerciseConn& viewer, const std::function<void()>& whileDraw
     std::cout << "\n--> the drawer goes; what it still holds is removed in ascending id order\n";
     sent += 11;  // one remove for each object still held; the layout's templates are its own, not held
   }
-  viewer.processIncoming();
+  deliverUntil([&] { return received == sent; }, {&viewer});
   DtVistralControlInteraction::removeCallback(&viewer, &printDrawn, nullptr);
   std::cout << "\n" << sent << " draw PDUs sent, " << received << " received by the viewer\n";
   return received == sent;

@@ -1,4 +1,5 @@
-// The main demo, on the in-process federation. The viewer is the headless viewer emulator throughout.
+// The main demo, on the in-process federation or, with --federation NAME, on any federation a connection can
+// join (an RTI of either HLA edition). The viewer is the headless viewer emulator throughout.
 //
 // Part 1: one command of each family travels as a "ViewControl" interaction from a controller federate to the
 // viewer, which prints what arrives.
@@ -7,13 +8,15 @@
 // controller's callback.
 // Part 3: a remote drawer draws a scene of drawing objects into the viewer, changes, layers, hides and shows
 // them; with the scene drawn, the viewer writes what it would show (vistralDemo.svg, vistralDemo.png) and its
-// whole state (vistralDemo.json) into the directory given as the first argument (default: the current one);
-// then the drawer goes and takes the scene away.
+// whole state (vistralDemo.json) into the directory given as the argument (default: the current one); then
+// the drawer goes and takes the scene away.
+//   vistralDemo [--federation NAME] [DIRECTORY]
 #include <cstring>
 #include <iostream>
 #include <memory>
 #include <string>
 
+#include "demoDelivery.h"
 #include "demoDrawing.h"
 #include "demoPdus.h"
 #include "tarvex/dtExerciseConn.h"
@@ -25,7 +28,7 @@
 #include "vistralemulator/vistralEmulator.h"
 
 namespace {
-constexpr const char* kExecution = "VistralDemo";
+const char* theExecution = "VistralDemo";
 constexpr const char* kViewer = "vistral-1";
 constexpr const char* kController = "demo-controller";
 
@@ -58,7 +61,7 @@ void printArrival(DtVistralControlInteraction* inter, void* usr) {
 
 bool everyFamily(DtVistralEmulator& emulator) {
   std::cout << "===== Part 1: one command of each family, sent and received =====\n";
-  DtExerciseConn controller(kExecution, kController);
+  DtExerciseConn controller(theExecution, kController);
   DtVistralControlRegister(&controller);
   DtExerciseConn& viewer = *emulator.connection();
   Inbox inbox;
@@ -72,7 +75,7 @@ bool everyFamily(DtVistralEmulator& emulator) {
     if (!controller.sendInteraction(inter)) continue;
     ++sent;
     inbox.sent = pdu.get();
-    viewer.processIncoming();
+    deliverUntil([&] { return inbox.received == sent; }, {&viewer});
   }
   DtVistralControlInteraction::removeCallback(&viewer, &printArrival, &inbox);
   std::cout << "\n" << sent << " sent, " << inbox.received << " received by the viewer\n";
@@ -89,7 +92,7 @@ void heardReport(const DtVistralControlPdu& pdu, void* usr) {
 
 bool steeringSession(DtVistralEmulator& viewer) {
   std::cout << "\n===== Part 2: a remote controller steers a viewer and hears it back =====\n";
-  DtExerciseConn conn(kExecution, kController);
+  DtExerciseConn conn(theExecution, kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
@@ -102,13 +105,13 @@ bool steeringSession(DtVistralEmulator& viewer) {
   const float radius = 120, heading = 0.5f, pitch = -0.3f, rate = 0.1f;
   const DtGlobalObjectDesignatorList group{"1:3001:12", "1:3001:13", "1:3002:5"};
 
+  // The viewer takes the command, then the request (one sender's interactions arrive in order), and answers.
   const auto step = [&](const char* what, auto&& command) {
     std::cout << "\n--> " << what << "\n";
+    const int before = reports;
     command();
-    viewer.processIncoming();
     controller.requestCurrentViewMode(kViewer);
-    viewer.processIncoming();
-    conn.processIncoming();
+    deliverUntil([&] { return reports > before; }, {viewer.connection(), &conn});
   };
   step("absolute mode", [&] { controller.setAbsoluteMode(&location, &look); });
   step("tether mode", [&] { controller.setTetherMode(&tank, &offset, &look); });
@@ -137,14 +140,14 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
   std::cout << "\n===== Part 3: a remote drawer draws, changes, layers and removes a scene; what the viewer "
                "shows =====\n";
   // Orbit the entity the scene hangs on, so that the map shows the eye there.
-  DtExerciseConn conn(kExecution, kController);
+  DtExerciseConn conn(theExecution, kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
   const DtString lead("1:3001:12");
   const float radius = 150, heading = 0.8f;
   controller.setOrbitMode(&lead, &radius, &heading, nullptr, nullptr);
-  viewer.processIncoming();
+  deliverUntil([&] { return viewer.state().view.mode == DtVcOrbit; }, {viewer.connection()});
 
   bool written = false;
   const auto writeWhatTheViewerShows = [&] {
@@ -171,8 +174,19 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string outDir = argc > 1 ? argv[1] : ".";
-  DtVistralEmulator viewer(kExecution, kViewer);
+  std::string outDir = ".";
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (arg == "--federation" && i + 1 < argc) {
+      theExecution = argv[++i];
+    } else if (arg.rfind("--", 0) == 0) {
+      std::cerr << "usage: vistralDemo [--federation NAME] [DIRECTORY]\n";
+      return 2;
+    } else {
+      outDir = arg;
+    }
+  }
+  DtVistralEmulator viewer(theExecution, kViewer);
   const bool families = everyFamily(viewer);
   const bool session = steeringSession(viewer);
   const bool drawing = drawingSession(viewer, outDir);
