@@ -189,6 +189,20 @@ TEST(FederationScenario, NothingTravelsWhenTheFomLacksViewControl) {
   EXPECT_EQ(warnings.str(), notInFom + notInFom);  // sending says nothing more
 }
 
+TEST(FederationScenario, FomModulesJoinedTogetherAreOneTable) {
+  if (!evolved()) GTEST_SKIP() << "FOM modules are HLA Evolved's";
+  SKIP_WITHOUT_BACKEND();
+  const std::string modules = testFom("noViewControl") + ";" + theFedDir + "/../../fom/ViewControl.xml";
+  Federate a(execution("modules"), "A", modules.c_str());
+  Federate b(execution("modules"), "B");  // the built-in module alone: the execution merges it
+  EXPECT_NE(a.conn.interClassDescByName("HLAinteractionRoot.Chat"), nullptr);
+  EXPECT_EQ(b.conn.interClassDescByName("Chat"), nullptr);
+  ASSERT_TRUE(b.send(*samplePdus()[0]));
+  settle({{&a, 1}});
+  ASSERT_EQ(a.got.size(), 1u);
+  EXPECT_EQ(a.got[0].image, imageOf(*samplePdus()[0]));
+}
+
 TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
   SKIP_WITHOUT_BACKEND();
   Federate a(execution("remove"), "A");
