@@ -24,6 +24,9 @@ constexpr std::chrono::seconds kConfirmTimeout(30);
 // the call returns.
 constexpr std::chrono::milliseconds kUnconfirmedSettle(250);
 constexpr double kWaitSlice = 0.01;
+// How long after a publication the RTI is given before the first send, for the other federates' parts of it
+// to take it in.
+constexpr std::chrono::milliseconds kPublicationSpread(250);
 // Callbacks one evoke() runs at most, so that a flood cannot keep processIncoming() from returning.
 constexpr int kCallbacksPerEvoke = 100000;
 
@@ -148,10 +151,10 @@ class Link final : public DtRti1516eLink {
     const rti1516e::InteractionClassHandle& handle = classFor(cls);
     try {
       if (!published(cls)) {
-        rti_->publishInteractionClass(handle);
-        published_.push_back(cls);
+        publish(cls);
         confirmDeclarations();
       }
+      if (!publicationsKnown_) awaitPublicationsKnown();
       fill(cls, values, count);
       rti_->sendInteraction(handle, sendMap_, kTag);
     } catch (const rti1516e::Exception& e) {
@@ -165,6 +168,9 @@ class Link final : public DtRti1516eLink {
     try {
       if (on) {
         rti_->subscribeInteractionClass(handle);
+        // A federate that listens to a class answers in it too: published now, the class is known across
+        // the federation by the time the first answer goes out.
+        if (!published(cls)) publish(cls);
       } else {
         rti_->unsubscribeInteractionClass(handle);
       }
@@ -301,6 +307,24 @@ class Link final : public DtRti1516eLink {
     return false;
   }
 
+  void publish(unsigned long cls) {
+    rti_->publishInteractionClass(classFor(cls));
+    published_.push_back(cls);
+    lastPublication_ = std::chrono::steady_clock::now();
+    publicationsKnown_ = false;
+  }
+
+  // An RTI may tell other federates' parts of it of a publication only after it has confirmed it here, and
+  // route to their subscribers only once they have answered (OpenRTI's servers do): a send right after a
+  // new publication could miss a subscriber. The first send after one lets the RTI work for a bounded time
+  // from the publication on.
+  void awaitPublicationsKnown() {
+    const auto until = lastPublication_ + kPublicationSpread;
+    while (std::chrono::steady_clock::now() < until) rti_->evokeMultipleCallbacks(kWaitSlice, kWaitSlice);
+    publicationsKnown_ = true;
+    rethrowFromCallbacks();
+  }
+
   // The values point into the caller's bytes for the call: the map keeps its nodes from one send to the
   // next, so a send of the same parameters as the last one costs no heap traffic.
   void fill(unsigned long cls, const DtRti1516eValue* values, std::size_t count) {
@@ -398,6 +422,8 @@ class Link final : public DtRti1516eLink {
   std::vector<rti1516e::InteractionClassHandle> classes_;  // the class numbered n is at n - 1
   std::vector<Parameter> parameters_;                      // likewise
   std::vector<unsigned long> published_;
+  std::chrono::steady_clock::time_point lastPublication_;
+  bool publicationsKnown_ = true;
   rti1516e::ParameterHandleValueMap sendMap_;
   std::vector<DtRti1516eValue> received_;
   // The user-supplied tag of interactions and synchronization points. Some RTIs refuse an empty one ("Calling
