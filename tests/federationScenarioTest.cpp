@@ -203,6 +203,39 @@ TEST(FederationScenario, EvolvedFomModulesJoinedTogetherAreOneTable) {
   EXPECT_EQ(a.got[0].image, imageOf(*samplePdus()[0]));
 }
 
+TEST(FederationScenario, EvolvedMappedNamesTravelUnderTheModulesNames) {
+  SKIP_WITHOUT_BACKEND();
+  DtFomMapper mapper;
+  mapper.mapInteractionClass("ViewControl", "ViewerCommand");
+  mapper.mapParameter("ViewerCommand", "ViewControlPdu", "Image");
+  const std::string fom = testFom("renamed");
+  DtExerciseConn sender(execution("mapped").c_str(), "sender", &mapper, fom.c_str());
+  DtExerciseConn receiver(execution("mapped").c_str(), "receiver", &mapper, fom.c_str());
+  const DtInterClassDesc* desc = sender.interClassDescByName("ViewControl");
+  ASSERT_NE(desc, nullptr);
+  EXPECT_EQ(desc->fullName(), "HLAinteractionRoot.Tools.ViewerCommand");
+  EXPECT_EQ(desc->parameterCount(), 2);  // Origin, inherited, and Image
+  DtVistralControlRegister(&sender);
+  DtVistralControlRegister(&receiver);
+  std::vector<Bytes> got;
+  auto keep = [](DtVistralControlInteraction* inter, void* usr) {
+    static_cast<std::vector<Bytes>*>(usr)->push_back(imageOf(*inter->vcPdu()));
+  };
+  DtVistralControlInteraction::addCallback(&receiver, keep, &got);
+  const auto pdus = samplePdus();
+  DtVistralControlInteraction inter;
+  inter.setVcPdu(*pdus[2]);
+  ASSERT_TRUE(sender.sendInteraction(inter));
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (got.empty() && std::chrono::steady_clock::now() < deadline) {
+    receiver.processIncoming();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  ASSERT_EQ(got.size(), 1u);
+  EXPECT_EQ(got[0], imageOf(*pdus[2]));
+  DtVistralControlInteraction::removeCallback(&receiver, keep, &got);
+}
+
 TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
   SKIP_WITHOUT_BACKEND();
   Federate a(execution("remove"), "A");
