@@ -3,7 +3,7 @@
 // it would show (SVG, PNG) and its whole state (JSON).
 //
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
-//                   [--svg FILE] [--png FILE] [--json FILE] [--quiet]
+//                   [--svg FILE] [--png FILE] [--json FILE] [--quiet] [--dump]
 #include <chrono>
 #include <csignal>
 #include <iostream>
@@ -21,12 +21,15 @@ namespace {
 volatile std::sig_atomic_t theStop = 0;
 void stop(int) { theStop = 1; }
 
+bool theDump = false;  // print each received PDU's fields too
+
 void printArrival(DtVistralControlInteraction* inter, void*) {
   const DtVistralControlPdu* pdu = inter->vcPdu();
   if (pdu == nullptr) return;
   const DtString viewer = pdu->viewerId();
   std::cout << "received " << DtEmulatorModeName(pdu->viewerCommand()) << " for " << viewer << " from "
             << pdu->senderId() << " (" << pdu->length() << " bytes)\n";
+  if (theDump) pdu->printData();
 }
 
 bool write(bool ok, const std::string& what, const std::string& path) {
@@ -41,17 +44,21 @@ int main(int argc, char** argv) {
       "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
       "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "this viewer's id", "vistral-1");
-  const int federation = cmd.addValue("federation", "f", "NAME",
-                                      "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP "
-                                      "(two processes on one host: ?listen=PORT), rti://HOST:PORT/NAME or "
-                                      "thread:///NAME for an RTI 1.3 when one is built in",
-                                      "VistralControl");
-  const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP (two processes on "
+                   "one host: ?listen=PORT); rti://HOST:PORT/NAME or thread:///NAME for an RTI 1.3; "
+                   "hla1516e+rti://HOST:PORT/NAME, hla1516e+thread:///NAME or hla1516e:NAME for an HLA "
+                   "Evolved RTI; each RTI when built in",
+                   "VistralControl");
+  const int fed =
+      cmd.addValue("fed", "", "FILE", "the FED file (HLA Evolved: FOM modules, separated by ';')", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "run for N seconds (0: until interrupted)", "0");
   const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");
   const int png = cmd.addValue("png", "", "FILE", "write the picture as PNG on leaving", "");
   const int json = cmd.addValue("json", "", "FILE", "write the state snapshot as JSON on leaving", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
+  const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
   switch (cmd.parse(argc, argv)) {
     case DtCmdLine::Result::Help:
       cmd.printUsage(std::cout);
@@ -76,6 +83,7 @@ int main(int argc, char** argv) {
   try {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
     DtVistralEmulator emulator(cmd.value(federation).c_str(), cmd.value(viewer), fedFile);
+    theDump = cmd.isSet(dump);
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
     std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
