@@ -18,7 +18,7 @@ archives=${VISTRAL_PREBUILT_RTI_DIR:-$root/../shared/rti}
 dest=$root/build/rti
 
 die() {
-  echo "prebuilt-rti: $*" >&2
+  echo "prebuilt-rti: $1" >&2
   exit "${2:-1}"
 }
 
