@@ -1,4 +1,4 @@
-// The drawing part of the demo: a scene drawn through the remote drawer into the viewer on the given
+// The drawing step of the demo: a scene drawn through the remote drawer into the viewer on the given
 // connection, which prints each PDU it receives.
 #pragma once
 

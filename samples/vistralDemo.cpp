@@ -1,11 +1,11 @@
 // The main demo, on the in-process federation. The viewer is the headless viewer emulator throughout.
 //
-// Part 1: one command of each family travels as a "ViewControl" interaction from a controller federate to the
+// Step 1: one command of each family travels as a "ViewControl" interaction from a controller federate to the
 // viewer, which prints what arrives.
-// Part 2: a remote controller steers the viewer through each viewing mode and asks it, after each, which mode
+// Step 2: a remote controller steers the viewer through each viewing mode and asks it, after each, which mode
 // it is in; the viewer answers with the status form of its mode and the parameters it keeps, which reach the
 // controller's callback.
-// Part 3: a remote drawer draws a scene of drawing objects into the viewer, changes, layers, hides and shows
+// Step 3: a remote drawer draws a scene of drawing objects into the viewer, changes, layers, hides and shows
 // them; with the scene drawn, the viewer writes what it would show (vistralDemo.svg, vistralDemo.png) and its
 // whole state (vistralDemo.json) into the directory given as the first argument (default: the current one);
 // then the drawer goes and takes the scene away.
@@ -34,7 +34,7 @@ bool sameBytes(const DtPdu& a, const DtPdu& b) {
          std::memcmp(a.packet(), b.packet(), static_cast<std::size_t>(a.length())) == 0;
 }
 
-// ---- Part 1 ----------------------------------------------------------------------------------------------
+// ---- Step 1 ----------------------------------------------------------------------------------------------
 
 struct Inbox {
   const DtVistralControlPdu* sent = nullptr;
@@ -57,7 +57,7 @@ void printArrival(DtVistralControlInteraction* inter, void* usr) {
 }
 
 bool everyFamily(DtVistralEmulator& emulator) {
-  std::cout << "===== Part 1: one command of each family, sent and received =====\n";
+  std::cout << "===== Step 1: one command of each family, sent and received =====\n";
   DtExerciseConn controller(kExecution, kController);
   DtVistralControlRegister(&controller);
   DtExerciseConn& viewer = *emulator.connection();
@@ -79,7 +79,7 @@ bool everyFamily(DtVistralEmulator& emulator) {
   return sent > 0 && inbox.received == sent;
 }
 
-// ---- Part 2 ----------------------------------------------------------------------------------------------
+// ---- Step 2 ----------------------------------------------------------------------------------------------
 
 void heardReport(const DtVistralControlPdu& pdu, void* usr) {
   ++*static_cast<int*>(usr);
@@ -88,7 +88,7 @@ void heardReport(const DtVistralControlPdu& pdu, void* usr) {
 }
 
 bool steeringSession(DtVistralEmulator& viewer) {
-  std::cout << "\n===== Part 2: a remote controller steers a viewer and hears it back =====\n";
+  std::cout << "\n===== Step 2: a remote controller steers a viewer and hears it back =====\n";
   DtExerciseConn conn(kExecution, kController);
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
@@ -131,10 +131,10 @@ bool steeringSession(DtVistralEmulator& viewer) {
   return reports == 13;
 }
 
-// ---- Part 3 ----------------------------------------------------------------------------------------------
+// ---- Step 3 ----------------------------------------------------------------------------------------------
 
 bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
-  std::cout << "\n===== Part 3: a remote drawer draws, changes, layers and removes a scene; what the viewer "
+  std::cout << "\n===== Step 3: a remote drawer draws, changes, layers and removes a scene; what the viewer "
                "shows =====\n";
   // Orbit the entity the scene hangs on, so that the map shows the eye there.
   DtExerciseConn conn(kExecution, kController);

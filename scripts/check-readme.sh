@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Keeps README.md true by running what it shows.
 #
-#   check-readme.sh examples PREFIX   builds every ```cpp block against the package installed under PREFIX
+#   check-readme.sh examples PREFIX   builds every ```cpp block of README.md and of the guide (docs/*.md)
+#                                     against the package installed under PREFIX
 #                                     (find_package(VistralControl)) and runs each one that has a main
 #   check-readme.sh commands          runs every ```sh block, in the README's order, in a scratch clone of
 #                                     the tree as it stands (committed, changed and new files; no build/)
@@ -36,11 +37,21 @@ die() {
   exit 1
 }
 
-# Writes each block of the given kind to DIR/NAME_L<line>.EXT (line: the opening fence's line in the README).
+# Writes each block of the given kind to DIR/NAME_L<line>.EXT (line: the opening fence's line in the README),
+# or, for the guide's pages named after the first four arguments, to DIR/NAME_docs.<page>_L<line>.EXT.
 extract() {
-  local kind=$1 dir=$2 name=$3 ext=$4
+  local kind=$1 dir=$2 name=$3 ext=$4 page
+  shift 4
   mkdir -p "$dir"
-  awk -v kind="$kind" -v dir="$dir" -v name="$name" -v ext="$ext" -v file="README.md" '
+  for page in "$readme" "$@"; do
+    local rel=${page#"$root"/} stem=$name
+    [ "$rel" = README.md ] || { stem=${rel%.md}; stem=${name}_${stem//\//.}; }
+    extract_page "$kind" "$dir" "$stem" "$ext" "$rel" "$page"
+  done
+}
+extract_page() {
+  local kind=$1 dir=$2 name=$3 ext=$4 rel=$5 page=$6
+  awk -v kind="$kind" -v dir="$dir" -v name="$name" -v ext="$ext" -v file="$rel" '
     fence && /^```[ \t]*$/ { fence = 0; if (out != "") close(out); out = ""; next }
     fence { if (out != "") print > out; next }
     /^```/ {
@@ -57,13 +68,23 @@ extract() {
     END {
       if (fence) { printf "%s:%d: block never closed\n", file, start > "/dev/stderr"; bad = 1 }
       exit bad
-    }' "$readme" || die "README.md has blocks this script cannot check"
+    }' "$page" || die "$rel has blocks this script cannot check"
 }
 
-# Blocks in README order, into the array named by $3 (file names carry the block's line number).
+# Blocks in page order (README first), into the array named by $3 (file names carry the block's line number).
 blocks() {
   mapfile -t "$3" < <(find "$1" -name "$2" |
-    awk '{ n = $0; sub(/.*_L/, "", n); sub(/\..*/, "", n); print n "\t" $0 }' | sort -n | cut -f 2)
+    awk '{ n = $0; sub(/.*_L/, "", n); sub(/\..*/, "", n); p = $0; sub(/_L[0-9]+\.[a-z]+$/, "", p)
+           print p "\t" n "\t" $0 }' | sort -k1,1 -k2,2n | cut -f 3)
+}
+# The page a block came from: README.md, or docs/<page>.md for NAME_docs.<page>_L<line>.
+source_of() {
+  local base=${1##*/}
+  base=${base%_L*}
+  case $base in
+    *_*) base=${base#*_}; echo "${base//.//}.md" ;;
+    *) echo README.md ;;
+  esac
 }
 line_of() {
   local base=${1##*_L}
@@ -74,9 +95,9 @@ check_examples() {
   local prefix=$1 dir=$root/build/readme-examples
   [ -d "$prefix" ] || die "no installed package at $prefix"
   rm -rf "$dir"
-  extract cpp "$dir/src" example cpp
+  extract cpp "$dir/src" example cpp "$root"/docs/*.md
   local sources src
-  blocks "$dir/src" 'example_L*.cpp' sources
+  blocks "$dir/src" 'example_*.cpp' sources
   [ ${#sources[@]} -gt 0 ] || die "README.md has no cpp block"
 
   # One target per block: a program when it has a main, else an object library (compiled, not linked).
@@ -108,9 +129,11 @@ check_examples() {
     { cat "$dir/configure.log"; die "the examples' project does not configure against $prefix"; }
   if ! cmake --build "$dir/build" -j"$jobs" -- -k 0 >"$dir/build.log" 2>&1; then
     # Name each block that failed by its README line, then show the compiler's words.
-    grep -o 'example_L[0-9]*\.cpp:[0-9]*:[0-9]*: error:.*' "$dir/build.log" |
-      awk -F: '{ msg = $0; sub(/^[^:]*:[^:]*:[^:]*: /, "", msg); sub(/example_L/, "", $1)
-                 printf "README.md:%d: %s\n", $1 + $2, msg }' | head -20 >&2
+    grep -o 'example_[A-Za-z0-9._-]*L[0-9]*\.cpp:[0-9]*:[0-9]*: error:.*' "$dir/build.log" |
+      awk -F: '{ msg = $0; sub(/^[^:]*:[^:]*:[^:]*: /, "", msg); page = $1; sub(/_L[0-9]+\.cpp$/, "", page)
+                 sub(/^example_?/, "", page); gsub(/\./, "/", page); page = (page == "") ? "README" : page
+                 line = $1; sub(/.*_L/, "", line)
+                 printf "%s.md:%d: %s\n", page, line + $2, msg }' | head -20 >&2
     tail -40 "$dir/build.log" >&2
     die "a README example does not compile"
   fi
@@ -121,20 +144,20 @@ check_examples() {
     target=$(basename "$src" .cpp)
     count=$((count + 1))
     if [ ! -x "$dir/build/$target" ]; then
-      echo "README.md:$(line_of "$src"): compiles (no main)"
+      echo "$(source_of "$src"):$(line_of "$src"): compiles (no main)"
       continue
     fi
     local rc=0
     (cd "$dir/build" && timeout 60 "./$target" </dev/null >"$target.out" 2>&1) || rc=$?
     if [ "$rc" -eq 0 ]; then
-      echo "README.md:$(line_of "$src"): compiles and runs"
+      echo "$(source_of "$src"):$(line_of "$src"): compiles and runs"
     else
-      echo "README.md:$(line_of "$src"): the program fails (exit $rc); its output:" >&2
+      echo "$(source_of "$src"):$(line_of "$src"): the program fails (exit $rc); its output:" >&2
       tail -20 "$dir/build/$target.out" >&2
       failed=$((failed + 1))
     fi
   done
-  [ "$failed" -eq 0 ] || die "$failed of $count README examples fail"
+  [ "$failed" -eq 0 ] || die "$failed of $count examples fail"
 }
 
 # A fresh clone with the working tree's changes on top, so that what is checked is what would be committed.

@@ -19,6 +19,9 @@ dpkg -s libtirpc3 >/dev/null 2>&1 || need+=(libtirpc3)
 # The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
 [ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
 [ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
+# The API reference (the docs target): Doxygen, and Graphviz's dot for its class diagrams.
+command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
+command -v dot >/dev/null 2>&1 || need+=(graphviz)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"

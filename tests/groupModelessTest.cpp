@@ -71,6 +71,9 @@ TEST(Group, ReceivedCountsThatLieAboutTheImage) {
     b[187] = 3;  // three adds claimed, none there
     ReceivedImage image(b);
     DtGroupVCPdu pdu(image.vc(), nullptr, nullptr);
+    // The one entry in the image is the first removed, or, with no usable remove count, the first added.
+    EXPECT_EQ(pdu.entitiesToRemoveInImage(), lie > 0 ? 1 : 0);
+    EXPECT_EQ(pdu.entitiesToAddInImage(), lie > 0 ? 0 : 1);
     EXPECT_EQ(pdu.entityToRemove(0), lie > 0 ? "only" : "");
     EXPECT_EQ(pdu.entityToRemove(5), "");
     EXPECT_EQ(pdu.entityToAdd(2), "");
@@ -207,6 +210,8 @@ void checkAgainstModel(int listStart) {
     ASSERT_EQ(pdu.length(), listStart + 64 * static_cast<int>(removes.size() + adds.size())) << step;
     ASSERT_EQ(pdu.numEntitiesToRemove(), storedRemove);
     ASSERT_EQ(pdu.numEntitiesToAdd(), storedAdd);
+    ASSERT_EQ(pdu.entitiesToRemoveInImage(), static_cast<int>(removes.size()));
+    ASSERT_EQ(pdu.entitiesToAddInImage(), static_cast<int>(adds.size()));
     for (std::size_t i = 0; i < removes.size(); ++i)
       ASSERT_EQ(pdu.entityToRemove(static_cast<int>(i)), removes[i]);
     for (std::size_t i = 0; i < adds.size(); ++i) ASSERT_EQ(pdu.entityToAdd(static_cast<int>(i)), adds[i]);

@@ -12,8 +12,11 @@
 
 class TARVEX_EXPORT DtCmdLine {
  public:
+  // What parse() found: arguments to act on, a request for help or for the version, or an error.
   enum class Result { Ok, Help, Version, Error };
 
+  // program names the program in the usage text, summary says in a line what it does, version is printed by
+  // "--version".
   DtCmdLine(std::string program, std::string summary, std::string version);
   ~DtCmdLine();
   DtCmdLine(const DtCmdLine&) = delete;
@@ -32,12 +35,18 @@ class TARVEX_EXPORT DtCmdLine {
   // value gives Error with error() saying which. "--" ends the options.
   Result parse(int argc, const char* const* argv);
 
+  // Whether the switch or value argument under index was given.
   bool isSet(int index) const;
+  // The argument's value as given, or its default; an empty text for an index no add call returned.
   const std::string& value(int index) const;
+  // The arguments that are no options, in order.
   const std::vector<std::string>& positionals() const { return positionals_; }
+  // What was wrong after parse() gave Error.
   const std::string& error() const { return error_; }
 
+  // The usage text: the summary, the synopsis and every option with its help and default.
   void printUsage(std::ostream& out) const;
+  // The program's name and version.
   void printVersion(std::ostream& out) const;
   // "PARSE ERROR: <error>", then the usage.
   void printParseError(std::ostream& out) const;

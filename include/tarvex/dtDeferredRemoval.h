@@ -24,6 +24,7 @@ class DtDeferredRemoval {
     walk();
   }
 
+  // Inside a walk, however deeply nested.
   bool walking() const { return depth_ > 0; }
 
   // For an entry that goes: true when the caller may erase it now; false during a walk, when the caller only

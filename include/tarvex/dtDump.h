@@ -4,8 +4,10 @@
 
 #include "tarvex/tarvexExport.h"
 
+// The width of the label column.
 constexpr int DtDumpLabelWidth = 24;
 
+// The text as it is; a null text is written as nothing.
 TARVEX_EXPORT void DtDumpString(const char* label, const char* text);
 // "<text> (<value>)"
 TARVEX_EXPORT void DtDumpEnum(const char* label, const char* text, long long value);
@@ -15,6 +17,7 @@ TARVEX_EXPORT void DtDumpHexBytes(const char* label, const void* bytes, int coun
 TARVEX_EXPORT void DtDumpHexWord(const char* label, unsigned long value);
 // "%f"
 TARVEX_EXPORT void DtDumpFloat(const char* label, double value);
+// In decimal.
 TARVEX_EXPORT void DtDumpInteger(const char* label, long long value);
 // "true" or "false"
 TARVEX_EXPORT void DtDumpBoolean(const char* label, bool value);

@@ -8,9 +8,12 @@
 
 class TARVEX_EXPORT DtException : public std::exception {
  public:
+  // Where it was thrown from (DT_THROW fills these in).
   DtException(const std::string& message, const char* function, const char* file, int line);
+  // Without a place: the text is "DtException: <message>".
   explicit DtException(const std::string& message);
 
+  // The whole text, and the message alone.
   const char* what() const noexcept override { return text_.c_str(); }
   const std::string& message() const { return message_; }
 

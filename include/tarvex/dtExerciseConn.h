@@ -44,6 +44,7 @@ enum DtInitStatus { DtInitCreatedExecution = 0, DtInitJoinedExecution = 1 };
 template <class Coder>
 class DtInteractionCoderList {
  public:
+  // Takes ownership of coder.
   void add(RTI::InteractionClassHandle handle, Coder* coder) {
     for (auto& entry : entries_) {
       if (entry.first == handle) {
@@ -53,27 +54,34 @@ class DtInteractionCoderList {
     }
     entries_.emplace_back(handle, std::unique_ptr<Coder>(coder));
   }
+  // The coder of the class, or null.
   Coder* find(RTI::InteractionClassHandle handle) const {
     for (const auto& entry : entries_)
       if (entry.first == handle) return entry.second.get();
     return nullptr;
   }
+  // How many classes have one.
   int count() const { return static_cast<int>(entries_.size()); }
 
  private:
   std::vector<std::pair<RTI::InteractionClassHandle, std::unique_ptr<Coder>>> entries_;
 };
+// A connection's decoders and encoders.
 using DtInteractionDecoderList = DtInteractionCoderList<DtInteractionDecoder>;
 using DtInteractionEncoderList = DtInteractionCoderList<DtInteractionEncoder>;
 
 // The functions that create an empty interaction object of a class, keyed by the class's name.
 class TARVEX_EXPORT DtInteractionFactory {
  public:
+  // Makes an empty interaction object; the caller owns it.
   using Creator = DtInteraction* (*)();
   // A name that already has a creator gets the new one.
   void add(const std::string& className, Creator creator);
+  // The creator of the class, or null.
   Creator find(const std::string& className) const;
+  // How many class names have a creator.
   int count() const { return static_cast<int>(entries_.size()); }
+  // The entries in the order they were first added.
   const std::vector<std::pair<std::string, Creator>>& entries() const { return entries_; }
   // Changes whenever an entry is added, so that users can cache lookups.
   unsigned version() const { return version_; }
@@ -83,6 +91,9 @@ class TARVEX_EXPORT DtInteractionFactory {
   unsigned version_ = 0;
 };
 
+// One federate joined to one federation execution: the way onto a federation for the controller, the
+// drawer, the emulator and the application alike. The header's notes say how the backend, the FOM and
+// delivery are chosen.
 class TARVEX_EXPORT DtExerciseConn {
  public:
   // executionName: the federation execution; a URL ("rti://...", "thread://...") selects the RTI backend.
@@ -102,13 +113,17 @@ class TARVEX_EXPORT DtExerciseConn {
   DtExerciseConn(const DtExerciseConn&) = delete;
   DtExerciseConn& operator=(const DtExerciseConn&) = delete;
 
+  // Whether this build has an HLA 1.3 RTI backend (configured with VISTRAL_RTI13_ROOT).
   static bool rtiBackendBuiltIn();
 
+  // The names the connection joined with.
   const DtString& executionName() const;
   const DtString& federateName() const;
   // "inprocess" or "rti13".
   const char* backendName() const;
+  // Whether this connection created the execution or joined it.
   DtInitStatus initStatus() const;
+  // The connection's copy of the mapper it was given.
   const DtFomMapper& fomMapper() const;
 
   // The interaction-class table. Lookup by name takes the library's name (mapped by the FOM mapper) or the
@@ -118,6 +133,7 @@ class TARVEX_EXPORT DtExerciseConn {
   int interClassCount() const;
   DtInterClassDesc* interClassDesc(int index) const;
 
+  // The decoders, encoders and interaction creators by class; DtVistralControlRegister fills them.
   DtInteractionDecoderList& decoderList();
   DtInteractionEncoderList& encoderList();
   DtInteractionFactory& interactionFactory();

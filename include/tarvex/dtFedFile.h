@@ -17,6 +17,7 @@ struct TARVEX_EXPORT DtFedInteractionClass {
   int line = 0;                         // where the class is declared
 };
 
+// The interaction classes a FED file declares, read once and kept as plain data.
 class TARVEX_EXPORT DtFedFile {
  public:
   // Reads and parses the file at path.
@@ -24,6 +25,7 @@ class TARVEX_EXPORT DtFedFile {
   // Parses FED text; source names it in error messages.
   static DtFedFile parse(const std::string& text, const std::string& source);
 
+  // Where the text came from (the path, or the name given to parse), and the federation the file names.
   const std::string& source() const { return source_; }
   const std::string& federationName() const { return federationName_; }
   // In the order the file declares them, each superclass before its subclasses.

@@ -12,6 +12,7 @@ class TARVEX_EXPORT DtFomMapper {
  public:
   DtFomMapper() = default;
 
+  // The interaction class the library calls name is called fomName in the FOM.
   void mapInteractionClass(const std::string& name, const std::string& fomName);
   // The parameter name of the FOM class fomClassName is called fomName in the FOM.
   void mapParameter(const std::string& fomClassName, const std::string& name, const std::string& fomName);

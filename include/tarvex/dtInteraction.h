@@ -22,12 +22,16 @@ class DtDDMRegion;
 // One interaction class of a federation's FOM: its names, its handle and its parameters' handles.
 class TARVEX_EXPORT DtInterClassDesc {
  public:
+  // fullName is the dotted path from the root ("InteractionRoot.ViewControl"), name its last part.
   DtInterClassDesc(const std::string& fullName, const std::string& name, RTI::InteractionClassHandle handle);
 
+  // The class's names and the handle the federation gave it.
   const std::string& name() const { return name_; }
   const std::string& fullName() const { return fullName_; }
   RTI::InteractionClassHandle handle() const { return handle_; }
 
+  // Parameters in the order the FOM lists them, inherited ones first; an index runs from 0 to
+  // parameterCount() - 1.
   void addParameter(const std::string& name, RTI::ParameterHandle handle);
   int parameterCount() const { return static_cast<int>(parameters_.size()); }
   const std::string& parameterName(int index) const {
@@ -66,6 +70,7 @@ class TARVEX_EXPORT DtInteraction {
   // The FOM interaction class this object is sent as (before the connection's FOM mapping).
   virtual const char* interactionClassToUse(DtExerciseConn* conn) const = 0;
 
+  // The class description the connection set, or null before it did.
   DtInterClassDesc* classDesc() const { return classDesc_; }
   void setClassDesc(DtInterClassDesc* desc) { classDesc_ = desc; }
 
@@ -82,6 +87,7 @@ class TARVEX_EXPORT DtInteractionWithEncDec : public DtInteraction {
   DtInteractionWithEncDec& operator=(const DtInteractionWithEncDec&) = default;
   ~DtInteractionWithEncDec() override;
 
+  // The decoder and the encoder of this interaction's class on conn.
   virtual DtInteractionDecoder* createDecoder(DtExerciseConn* conn) const = 0;
   virtual DtInteractionEncoder* createEncoder(DtExerciseConn* conn) const = 0;
 };

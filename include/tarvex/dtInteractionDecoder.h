@@ -12,6 +12,7 @@
 
 class TARVEX_EXPORT DtInteractionDecoder {
  public:
+  // Reads the value at index of set into inter.
   template <class I>
   using ParameterDecoder = void (*)(I* inter, const RTI::ParameterHandleValuePairSet& set, int index);
 
@@ -19,6 +20,7 @@ class TARVEX_EXPORT DtInteractionDecoder {
   // it by its header's length never reads past it.
   static constexpr std::size_t kMinDecodingBufferSize = static_cast<std::size_t>(DtPdu::kMaxLength) + 1;
 
+  // For one class on one connection; neither is owned.
   DtInteractionDecoder(DtExerciseConn* conn, DtInterClassDesc* classDesc);
   DtInteractionDecoder(const DtInteractionDecoder&) = default;
   DtInteractionDecoder& operator=(const DtInteractionDecoder&) = default;
@@ -41,6 +43,7 @@ class TARVEX_EXPORT DtInteractionDecoder {
   // length bytes may be written.
   static char* decodingBuffer(RTI::ULong length);
 
+  // The connection and class it decodes for, and how many parameter decoders it holds.
   DtExerciseConn* exerciseConn() const { return conn_; }
   DtInterClassDesc* classDesc() const { return classDesc_; }
   int parameterDecoderCount() const { return static_cast<int>(decoders_.size()); }

@@ -10,10 +10,12 @@
 
 class TARVEX_EXPORT DtInteractionEncoder {
  public:
+  // Adds inter's value to set under handle; false when it adds nothing.
   template <class I>
   using ParameterEncoder = bool (*)(const I& inter, RTI::ParameterHandleValuePairSet* set,
                                     unsigned int handle);
 
+  // For one class on one connection; neither is owned.
   DtInteractionEncoder(DtExerciseConn* conn, DtInterClassDesc* classDesc);
   DtInteractionEncoder(const DtInteractionEncoder&) = default;
   DtInteractionEncoder& operator=(const DtInteractionEncoder&) = default;
@@ -30,6 +32,7 @@ class TARVEX_EXPORT DtInteractionEncoder {
   // Runs the parameter encoders in the order they were added; returns how many of them added a value.
   int encode(const DtInteraction& inter, RTI::ParameterHandleValuePairSet* set) const;
 
+  // The connection and class it encodes for, and how many parameter encoders it holds.
   DtExerciseConn* exerciseConn() const { return conn_; }
   DtInterClassDesc* classDesc() const { return classDesc_; }
   int parameterEncoderCount() const { return static_cast<int>(encoders_.size()); }

@@ -9,11 +9,15 @@
 
 class TARVEX_EXPORT DtMessageStream {
  public:
+  // Where a stream writes while it is pointed nowhere else.
   enum class Default { StandardOutput, StandardError };
+  // A stream writing to its default.
   constexpr explicit DtMessageStream(Default d) : default_(d) {}
   DtMessageStream(const DtMessageStream&) = delete;
   DtMessageStream& operator=(const DtMessageStream&) = delete;
 
+  // Where the stream writes now; setStream points it at out (which must outlive its use), resetStream back at
+  // its default.
   std::ostream& stream() const;
   void setStream(std::ostream& out) { stream_ = &out; }
   void resetStream() { stream_ = nullptr; }
@@ -25,6 +29,7 @@ class TARVEX_EXPORT DtMessageStream {
 #endif
       ;
 
+  // Writes value as std::ostream would.
   template <typename T>
   const DtMessageStream& operator<<(const T& value) const {
     stream() << value;
@@ -43,6 +48,7 @@ TARVEX_EXPORT extern DtMessageStream DtDumpStream;
 // Points a message stream at another std::ostream for the lifetime of the guard.
 class TARVEX_EXPORT DtStreamRedirect {
  public:
+  // Points target at out until the guard goes, then back where it pointed before.
   DtStreamRedirect(DtMessageStream& target, std::ostream& out);
   ~DtStreamRedirect();
   DtStreamRedirect(const DtStreamRedirect&) = delete;

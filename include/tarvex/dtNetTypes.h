@@ -47,24 +47,29 @@ struct Codec<double> {
 template <typename T>
 class DtNetValue {
  public:
+  // The host type and the width on the wire, in bytes.
   using ValueType = T;
   static constexpr int kWidth = DtWire::Codec<T>::kWidth;
 
   DtNetValue() : bytes_{} {}
   DtNetValue(T value) { DtWire::Codec<T>::store(bytes_, value); }  // NOLINT: implicit by design
+  // Stores a host value in network byte order.
   DtNetValue& operator=(T value) {
     DtWire::Codec<T>::store(bytes_, value);
     return *this;
   }
   operator T() const { return DtWire::Codec<T>::load(bytes_); }  // NOLINT: implicit by design
+  // The host value, as the conversion gives it.
   T value() const { return *this; }
 
+  // The value's bytes as they travel.
   const unsigned char* bytes() const { return bytes_; }
 
  private:
   unsigned char bytes_[kWidth];
 };
 
+// The widths control PDUs use: unsigned 16 and 32 bits, signed 32 bits, IEEE single and double precision.
 using DtNetU16 = DtNetValue<std::uint16_t>;
 using DtNetU32 = DtNetValue<std::uint32_t>;
 using DtNetInt32 = DtNetValue<std::int32_t>;
@@ -76,11 +81,13 @@ static_assert(sizeof(DtNetFloat32) == 4 && sizeof(DtNetFloat64) == 8, "wire widt
 
 // Three 32-bit floats: a vector carried in single precision.
 struct DtNet32Vector {
+  // The components, in this order on the wire.
   DtNetFloat32 x, y, z;
 };
 
 // Tait-Bryan angles as three 32-bit floats in the order psi (heading), theta (pitch), phi (roll).
 struct DtNetEulerAngles {
+  // The angles, in this order on the wire.
   DtNetFloat32 psi, theta, phi;
 };
 
@@ -90,13 +97,16 @@ static_assert(sizeof(DtNet32Vector) == 12 && sizeof(DtNetEulerAngles) == 12, "wi
 // first zero byte or the 64th byte, whichever comes first.
 class TARVEX_EXPORT DtNetGlobalObjectDesignator {
  public:
+  // The field's width on the wire, in bytes.
   static constexpr int kWidth = 64;
 
   DtNetGlobalObjectDesignator() : bytes_{} {}
+  // Stores the name, cut at 64 bytes.
   DtNetGlobalObjectDesignator& operator=(const DtString& name) {
     assign(bytes_, name.c_str());
     return *this;
   }
+  // The name as text.
   DtString string() const { return read(bytes_); }
 
   // The same encoding applied to any 64-byte field in a buffer.

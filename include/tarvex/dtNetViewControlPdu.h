@@ -6,6 +6,7 @@
 #include "tarvex/dtPdu.h"
 
 struct DtNetViewControlPdu {
+  // The fields of the fixed part in their order on the wire; the reserved bytes travel as zero.
   DtNetPduHeader header;
   DtNetGlobalObjectDesignator viewerId;
   DtNetGlobalObjectDesignator senderId;

@@ -25,6 +25,8 @@ class DtPduFactory;
 
 // The 12-byte PDU header as it travels (IEEE 1278.1 layout).
 struct DtNetPduHeader {
+  // The header's fields in their order on the wire: protocol version, exercise id, PDU kind, protocol family,
+  // timestamp and the whole PDU's length in bytes, then two bytes of padding.
   unsigned char protocolVersion;
   unsigned char exerciseId;
   unsigned char kind;
@@ -43,22 +45,27 @@ static_assert(sizeof(DtNetPduHeader) == 12, "PDU header is 12 bytes");
 template <int Capacity>
 class DtPduStorage {
  public:
+  // The storage's size in bytes.
   static constexpr int kCapacity = Capacity;
   DtPduStorage() = default;
+  // Copies nothing: the PDU copies its image.
   DtPduStorage(const DtPduStorage& /*other*/) {}
   // Copies nothing, so assigning to itself is as harmless as any other assignment.
   DtPduStorage& operator=(const DtPduStorage& /*other*/) {  // NOLINT(bugprone-unhandled-self-assignment)
     return *this;
   }
   ~DtPduStorage() = default;
+  // The storage's first byte, for DtPdu::useStorage.
   unsigned char* bytes() { return bytes_; }
 
  private:
   alignas(8) unsigned char bytes_[Capacity];
 };
 
+// The PDU base: one network image, owned, with bounded accessors by offset and width.
 class TARVEX_EXPORT DtPdu {
  public:
+  // The header's length, and what new images carry in its fields unless told otherwise.
   static constexpr int kHeaderSize = 12;
   static constexpr int kMaxLength = 65535;  // the header's length field is 16 bits
   static constexpr int kDefaultProtocolVersion = 6;
@@ -73,7 +80,9 @@ class TARVEX_EXPORT DtPdu {
   static constexpr int kLengthOffset = 8;
 
   DtPdu() = default;
+  // Copies the other PDU's image (and records its factory).
   DtPdu(const DtPdu& other);
+  // Copies the other PDU's image into this one's storage.
   DtPdu& operator=(const DtPdu& other);
   virtual ~DtPdu();
 
@@ -103,6 +112,7 @@ class TARVEX_EXPORT DtPdu {
   void setTimeStamp(std::uint32_t stamp) { setU32At(kTimeStampOffset, stamp); }
   DtPduFactory* factory() const { return factory_; }
 
+  // The PDU kind a new image's header gets: 0 here, 202 in control PDUs.
   virtual int internalGetPduKind() const;
   // The header's fields, then printData().
   virtual void print() const;

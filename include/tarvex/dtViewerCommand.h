@@ -5,6 +5,7 @@
 
 #include "tarvex/tarvexExport.h"
 
+// A viewer command number; DtEnumString names it ("VcOrbit").
 enum DtViewerCommand : int {
   DtVcAbsolute = 0,
   DtVcTether = 1,

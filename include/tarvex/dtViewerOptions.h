@@ -5,12 +5,14 @@
 
 #include "tarvex/tarvexExport.h"
 
+// How much on-screen overlay the viewer draws.
 enum DtOverlayOption : int {
   DtOverlayNone = 0,
   DtOverlayMinimal = 1,
   DtOverlayFull = 2,
 };
 
+// How the viewer smooths the motion of the entities it shows.
 enum DtSmoothingOption : int {
   DtSmoothingOff = 0,
   DtSmoothingLinear = 1,

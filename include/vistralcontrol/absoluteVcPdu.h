@@ -15,6 +15,8 @@ class VISTRAL_EXPORT DtAbsoluteVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // Where the eye is (ignore bits DtVcIgnore::Position) and how it is turned (DtVcIgnore::Orientation); the
+  // orientation travels as three 32-bit floats.
   const DtVector64& worldLocation() const;
   void setWorldLocation(const DtVector64& location);
   const DtTaitBryan& orientation() const;

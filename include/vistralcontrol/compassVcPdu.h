@@ -15,6 +15,9 @@ class VISTRAL_EXPORT DtCompassVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The eye's place on a sphere around the attached entity: its radius (ignore bit DtVcIgnore::Radius), the
+  // body heading (BodyHeading) and pitch (Pitch) on it, then heading and pitch offsets and a roll. Each
+  // travels as a 32-bit float.
   float radius() const;
   void setRadius(float radius);
   float bodyHeading() const;
@@ -28,6 +31,7 @@ class VISTRAL_EXPORT DtCompassVCPdu : public DtVistralControlPdu {
   float roll() const;
   void setRoll(float roll);
 
+  // The entity the eye is attached to (ignore bit DtVcIgnore::FirstEntity).
   const DtString& attachId() const;
   void setAttachId(const DtString& id);
   // Empty unless the PDU is 308 bytes long: older senders do not carry it.

@@ -18,6 +18,9 @@ class VISTRAL_EXPORT DtGroupVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // Where the eye looks at the group from: its distance (ignore bit DtVcIgnore::GroupRadialOffset), heading
+  // and pitch, and heading and pitch offsets (GroupHeadingOffset, GroupPitchOffset). Each travels as a 32-bit
+  // float.
   float radialOffset() const;
   void setRadialOffset(float offset);
   float heading() const;
@@ -46,6 +49,11 @@ class VISTRAL_EXPORT DtGroupVCPdu : public DtVistralControlPdu {
   void setEntityToRemove(int index, const DtString& id);
   const DtString& entityToAdd(int index) const;
   void setEntityToAdd(int index, const DtString& id);
+
+  // How many entries of each list the image holds: a received count may claim more than its bytes carry.
+  // Entries from the first up to these counts can be read.
+  int entitiesToRemoveInImage() const;
+  int entitiesToAddInImage() const;
 
  private:
   mutable DtString entity_;

@@ -6,8 +6,10 @@
 
 class DtVistralControlInteraction;
 
+// The decoder DtVistralControlRegister installs for "ViewControl".
 class VISTRAL_EXPORT DtVistralControlDecoder : public DtInteractionDecoder {
  public:
+  // For the class as the connection's FOM describes it; registers the one parameter's decoder.
   DtVistralControlDecoder(DtExerciseConn* conn, DtInterClassDesc* classDesc);
   ~DtVistralControlDecoder() override;
 

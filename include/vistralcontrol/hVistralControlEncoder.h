@@ -6,8 +6,10 @@
 
 class DtVistralControlInteraction;
 
+// The encoder DtVistralControlRegister installs for "ViewControl".
 class VISTRAL_EXPORT DtVistralControlEncoder : public DtInteractionEncoder {
  public:
+  // For the class as the connection's FOM describes it; registers the one parameter's encoder.
   DtVistralControlEncoder(DtExerciseConn* conn, DtInterClassDesc* classDesc);
   ~DtVistralControlEncoder() override;
 

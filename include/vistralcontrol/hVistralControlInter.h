@@ -8,6 +8,7 @@
 
 class VISTRAL_EXPORT DtVistralControlInteraction : public DtInteractionWithEncDec {
  public:
+  // Hears one received interaction, with the argument given when it was added; valid during the call only.
   using Callback = void (*)(DtVistralControlInteraction* inter, void* usr);
   // The FOM interaction class and its one parameter.
   static constexpr const char* kClassName = "ViewControl";
@@ -42,6 +43,7 @@ class VISTRAL_EXPORT DtVistralControlInteraction : public DtInteractionWithEncDe
   // Calls cb(interaction, usr) for each "ViewControl" interaction the connection receives, and registers
   // create with the connection's interaction factory.
   static void addCallback(DtExerciseConn* conn, Callback cb, void* usr);
+  // Removes a callback added with the same connection, function and argument.
   static void removeCallback(DtExerciseConn* conn, Callback cb, void* usr);
 
  private:

@@ -16,11 +16,13 @@ class VISTRAL_EXPORT DtMimicVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The eye's offset from the attached entity (ignore bits DtVcIgnore::AttachOffset) and its orientation.
   // Travels in single precision.
   const DtVector64& offset() const;
   void setOffset(const DtVector64& offset);
   const DtTaitBryan& bodyOrientation() const;
   void setBodyOrientation(const DtTaitBryan& orientation);
+  // The entity the eye is attached to (ignore bit DtVcIgnore::FirstEntity).
   const DtString& attachId() const;
   void setAttachId(const DtString& id);
   // Empty unless the PDU is 308 bytes long: older senders do not carry it.

@@ -30,6 +30,11 @@ class VISTRAL_EXPORT DtModelessVCPdu : public DtVistralControlPdu {
   const DtString& entityToAdd(int index) const;
   void setEntityToAdd(int index, const DtString& id);
 
+  // How many entries of each list the image holds: a received count may claim more than its bytes carry.
+  // Entries from the first up to these counts can be read.
+  int entitiesToRemoveInImage() const;
+  int entitiesToAddInImage() const;
+
  private:
   mutable DtString entity_;
   DtPduStorage<420> storage_;  // two listed entities

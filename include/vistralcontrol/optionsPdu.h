@@ -8,6 +8,7 @@
 #include "tarvex/dtViewerOptions.h"
 #include "vistralcontrol/vistralControlPdu.h"
 
+// What the video capture option tells the viewer's recorder to do.
 enum DtVistralControlVideoCaptureCommand : int {
   DtVistralControlVideoCaptureStop = 0,
   DtVistralControlVideoCapturePause = 1,
@@ -15,6 +16,7 @@ enum DtVistralControlVideoCaptureCommand : int {
   DtVistralControlVideoCaptureRecord = 3,
 };
 
+// What the feature option does with the feature file it names.
 enum DtVistralControlFeatureCommand : int {
   DtVistralControlFeatureLoad = 0,
   DtVistralControlFeatureClear = 1,
@@ -53,8 +55,11 @@ enum DtVistralOption : int {
   DtVistralDatabaseToLoad = 27,
 };
 
+// Viewer options (viewer command 11, 1539 bytes): presence bits and a field per option. A viewer changes only
+// the options a PDU marks present.
 class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
  public:
+  // Options 28 and up, named inside the class; option numbers are bit positions in the presence bitfields.
   static constexpr DtVistralOption DtVistralStepsize = static_cast<DtVistralOption>(28);
   static constexpr DtVistralOption DtVistralTurnrate = static_cast<DtVistralOption>(29);
   static constexpr DtVistralOption DtVistralDate = static_cast<DtVistralOption>(30);
@@ -97,6 +102,7 @@ class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
   static constexpr DtVistralOption DtVistralFeatureFilename = static_cast<DtVistralOption>(64);
   static constexpr DtVistralOption DtVistralFeatureCommand = static_cast<DtVistralOption>(66);
 
+  // An options PDU with no option present, 1539 bytes.
   explicit DtOptionsPdu(DtBufferPlaceHolder* holder = nullptr);
   DtOptionsPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);
   ~DtOptionsPdu() override;
@@ -170,6 +176,7 @@ class VISTRAL_EXPORT DtOptionsPdu : public DtVistralControlPdu {
   void setFarFog(double distance);
   bool texture() const;
   void setTexture(bool on);
+  // More options, with setters and getters as above.
   // Texts are cut to their field (256, 64 or 32 bytes), with no terminator when they fill it.
   DtString databaseToLoad() const;
   void setDatabaseToLoad(const DtString& name);

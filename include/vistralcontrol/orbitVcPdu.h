@@ -15,6 +15,9 @@ class VISTRAL_EXPORT DtOrbitVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The sphere around the attached entity: its radius (ignore bit DtVcIgnore::Radius), how fast the eye
+  // circles it (AzimuthRate), the heading (Heading) and pitch (Pitch) it starts from, then heading and pitch
+  // offsets and a roll. Each travels as a 32-bit float.
   float radius() const;
   void setRadius(float radius);
   float azimuthRate() const;
@@ -30,6 +33,7 @@ class VISTRAL_EXPORT DtOrbitVCPdu : public DtVistralControlPdu {
   float roll() const;
   void setRoll(float roll);
 
+  // The entity the eye circles (ignore bit DtVcIgnore::FirstEntity).
   const DtString& attachId() const;
   void setAttachId(const DtString& id);
   // Empty unless the PDU is 312 bytes long: older senders do not carry it.

@@ -16,7 +16,9 @@ class VISTRAL_EXPORT DtPivotVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
-  // Virtual in this class alone, in this order.
+  // The eye's place on a sphere around the pivot point: its radius (ignore bit DtVcIgnore::Radius), the body
+  // heading (BodyHeading) and pitch (Pitch) on it, heading and pitch offsets and a roll, as 32-bit floats;
+  // the pivot point (Position) in 64-bit floats. Virtual in this class alone, in this order.
   virtual float radius() const;
   virtual void setRadius(float radius);
   virtual float bodyHeading() const;

@@ -16,11 +16,14 @@ class VISTRAL_EXPORT DtTetherVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The eye's offset from the attached entity (ignore bits DtVcIgnore::TetherOffset) and its orientation
+  // (Orientation).
   // Travels in single precision.
   const DtVector64& topoUpOffset() const;
   void setTopoUpOffset(const DtVector64& offset);
   const DtTaitBryan& orientation() const;
   void setOrientation(const DtTaitBryan& orientation);
+  // The entity the eye is tethered to (ignore bit DtVcIgnore::FirstEntity).
   const DtString& attachId() const;
   void setAttachId(const DtString& id);
   // Empty unless the PDU is 308 bytes long: older senders do not carry it.

@@ -15,8 +15,10 @@ class VISTRAL_EXPORT DtTrackVCPdu : public DtVistralControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // Where the eye stands (ignore bits DtVcIgnore::Position).
   const DtVector64& worldLocation() const;
   void setWorldLocation(const DtVector64& location);
+  // The entity it looks at (ignore bit DtVcIgnore::FirstEntity).
   const DtString& trackId() const;
   void setTrackId(const DtString& id);
   // Empty unless the PDU is 312 bytes long: older senders do not carry it.

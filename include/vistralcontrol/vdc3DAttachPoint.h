@@ -19,11 +19,14 @@ class VISTRAL_EXPORT DtVdc3DAttachPoint {
   DtVdc3DAttachPoint() = default;
   DtVdc3DAttachPoint(const DtVector64& location);  // NOLINT: implicit by design
   DtVdc3DAttachPoint(const DtString& entityId);    // NOLINT: implicit by design
+  // A point along another drawing object, relativePosition of the way from its start.
   DtVdc3DAttachPoint(unsigned int drawObjectId, double relativePosition);
   DtVdc3DAttachPoint(const DtVdc3DAttachPoint& other) = default;
   DtVdc3DAttachPoint& operator=(const DtVdc3DAttachPoint& other) = default;
   virtual ~DtVdc3DAttachPoint();
 
+  // Which kind the point is (DtVdcAttachKind), and each kind's members; those of other kinds keep what they
+  // were last given.
   int attachmentType() const { return attachmentType_; }
   const DtVector64& location() const { return location_; }
   DtVector64& location() { return location_; }

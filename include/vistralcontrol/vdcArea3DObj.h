@@ -11,6 +11,8 @@
 
 class VISTRAL_EXPORT DtVdcArea3DObject : public DtVdcObject {
  public:
+  // The outline's world points (an area PDU carries 16 at most), its colour, and the texture laid over it:
+  // the folder and file it comes from and how many times it repeats.
   DtVdcArea3DObject(unsigned int id, std::vector<DtVector64> points, DtVdcColor color,
                     const DtString& textureDirectory, const DtString& textureFilename, int numTextureTiles,
                     bool flashing);

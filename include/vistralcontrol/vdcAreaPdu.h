@@ -7,6 +7,7 @@
 
 class VISTRAL_EXPORT DtVdcAreaPduBase : public DtVdcPolyObjectPduBase {
  public:
+  // The points an area PDU holds at most.
   static constexpr int kMaxPoints = 16;
 
   DtVdcAreaPduBase(const DtVdcAreaPduBase& other) = default;
@@ -40,6 +41,7 @@ class VISTRAL_EXPORT DtVdcAreaPduBase : public DtVdcPolyObjectPduBase {
   DtPduStorage<1312> storage_;
 };
 
+// An area in the current layout.
 class VISTRAL_EXPORT DtVdcAreaPdu : public DtVdcAreaPduBase {
  public:
   explicit DtVdcAreaPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -49,6 +51,7 @@ class VISTRAL_EXPORT DtVdcAreaPdu : public DtVdcAreaPduBase {
   ~DtVdcAreaPdu() override;
 };
 
+// An area in the version-0 layout.
 class VISTRAL_EXPORT DtVdcAreaPduV0 : public DtVdcAreaPduBase {
  public:
   explicit DtVdcAreaPduV0(DtBufferPlaceHolder* holder = nullptr);

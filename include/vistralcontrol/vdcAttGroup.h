@@ -18,14 +18,17 @@
 // One attribute's current value and the PDU that carries it.
 class VISTRAL_EXPORT DtVdcAttributeValue {
  public:
+  // The value as text (bitmaps) or numbers (x for one number or a bar, x and y for a graph point).
   const DtString& textValue() const { return textValue_; }
   void setTextValue(const DtString& text) { textValue_ = text; }
   double xValue() const { return xValue_; }
   void setXValue(double x) { xValue_ = x; }
   double yValue() const { return yValue_; }
   void setYValue(double y) { yValue_ = y; }
+  // Changed since its update PDU was last sent.
   bool dirty() const { return dirty_; }
   void setDirty(bool dirty) { dirty_ = dirty; }
+  // The PDU that carries the value to the viewer.
   DtVdcAttributeUpdatePdu& attributeUpdatePdu() { return updatePdu_; }
 
  private:
@@ -36,6 +39,7 @@ class VISTRAL_EXPORT DtVdcAttributeValue {
   DtVdcAttributeUpdatePdu updatePdu_;
 };
 
+// An attribute panel placed in the world: its template's attributes with a value each.
 class VISTRAL_EXPORT DtVdcAttributeGroupObject : public DtVdcObject {
  public:
   // By attribute id. An entry may hold no value: looking up an unknown id leaves one behind, and it stays,
@@ -46,7 +50,9 @@ class VISTRAL_EXPORT DtVdcAttributeGroupObject : public DtVdcObject {
   DtVdcAttributeGroupObject(unsigned int id, DtVdcAttributeGroupTemplateObject* groupTemplate,
                             const DtVdc3DAttachPoint& attachment, const DtVector64& enuOffset,
                             DtVdcColor color, bool flashing);
+  // The copy holds copies of the values and shows the same group template.
   DtVdcAttributeGroupObject(const DtVdcAttributeGroupObject& other);
+  // Takes the other's placement, look and group template, and copies of its values.
   DtVdcAttributeGroupObject& operator=(const DtVdcAttributeGroupObject& other);
   ~DtVdcAttributeGroupObject() override;
 
@@ -54,6 +60,7 @@ class VISTRAL_EXPORT DtVdcAttributeGroupObject : public DtVdcObject {
   // Placement, offset, colour and flashing; the values' PDUs are left to updateAttributePdu.
   void updatePdu() override;
 
+  // The group template the panel shows, as given to the constructor.
   virtual DtVdcAttributeGroupTemplateObject* attributeGroupTemplate() const;
   // The setters change the object only; the PDU follows at the next updatePdu().
   virtual const DtVdc3DAttachPoint& attachment() const;

@@ -32,11 +32,13 @@ class VISTRAL_EXPORT DtVdcAttributeTemplateObject : public DtVdcObject {
   // Writes what the constructor set: type, name, id and group id.
   void updatePdu() override;
 
+  // What the constructor set: the attribute's name, the group template it belongs to and its kind.
   virtual const DtString& name() const;
   virtual unsigned int templateId() const;
   virtual DtVdcAttributeType attributeType() const;
 
  protected:
+  // The template's PDU, for subclasses that write more into it.
   DtVdcAttributePdu& attributePdu() { return pdu_; }
 
  private:
@@ -49,6 +51,7 @@ class VISTRAL_EXPORT DtVdcAttributeTemplateObject : public DtVdcObject {
 // A value-bar attribute with its range.
 class VISTRAL_EXPORT DtVdcBarAttributeTemplateObject : public DtVdcAttributeTemplateObject {
  public:
+  // A value bar of the group template templateId, showing values from minRange to maxRange.
   DtVdcBarAttributeTemplateObject(unsigned int id, unsigned int templateId, const DtString& name,
                                   double minRange, double maxRange);
   DtVdcBarAttributeTemplateObject(const DtVdcBarAttributeTemplateObject& other) = default;
@@ -58,6 +61,7 @@ class VISTRAL_EXPORT DtVdcBarAttributeTemplateObject : public DtVdcAttributeTemp
   // Also writes the range.
   void updatePdu() override;
 
+  // The bar's range as constructed.
   virtual double minRange() const;
   virtual double maxRange() const;
 
@@ -66,14 +70,18 @@ class VISTRAL_EXPORT DtVdcBarAttributeTemplateObject : public DtVdcAttributeTemp
   double maxRange_;
 };
 
+// An attribute panel's layout: a named group template that owns one attribute template per value.
 class VISTRAL_EXPORT DtVdcAttributeGroupTemplateObject : public DtVdcObject {
  public:
+  // The attribute kinds, and the templates the group holds.
   using DtVdcAttributeType = DtVdcAttributeTemplateObject::DtVdcAttributeType;
   using TemplateList = std::vector<std::unique_ptr<DtVdcAttributeTemplateObject>>;
 
+  // An empty layout; createAttributeTemplate fills it.
   DtVdcAttributeGroupTemplateObject(unsigned int id, const DtString& name);
   // Copies hold copies of the attribute templates.
   DtVdcAttributeGroupTemplateObject(const DtVdcAttributeGroupTemplateObject& other);
+  // Takes copies of the other's attribute templates.
   DtVdcAttributeGroupTemplateObject& operator=(const DtVdcAttributeGroupTemplateObject& other);
   ~DtVdcAttributeGroupTemplateObject() override;
 
@@ -81,6 +89,7 @@ class VISTRAL_EXPORT DtVdcAttributeGroupTemplateObject : public DtVdcObject {
   // Nothing to write: the PDU holds what the constructor set.
   void updatePdu() override;
 
+  // The panel's name.
   virtual const DtString& name() const;
   // A new attribute template of this group, owned by it; a second one under an id takes the id's place in the
   // lookup, and both stay in the list.

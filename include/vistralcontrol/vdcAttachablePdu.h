@@ -25,7 +25,9 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   };
 
   DtVdcAttachablePdu();
+  // Copies the other PDU's image.
   DtVdcAttachablePdu(const DtVdcAttachablePdu& other);
+  // Copies the other PDU's image into this one's storage.
   DtVdcAttachablePdu& operator=(const DtVdcAttachablePdu& other);
   ~DtVdcAttachablePdu() override;
 
@@ -35,6 +37,7 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // How the object is anchored, as the last attachTo (or setAttachmentType) left it.
   virtual DtVcObjectAttachment attachmentType() const;
   // Position 1 in screen percent: two signed bytes, x and y; z keeps its value.
   virtual void attachTo(const char* pos);
@@ -54,6 +57,7 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   // Percent along the anchor; version 0 keeps one value whatever the index.
   virtual void setRelativeLocation(unsigned char percent, int index);
   virtual unsigned char relativeLocation(int index) const;
+  // An offset from the anchor.
   virtual void setOffset(const DtVector64& offset);
   virtual DtVector64 offset() const;
   // Anchors by index 0 or 1; any other index gives the null string, 0 or the zero vector.
@@ -63,8 +67,10 @@ class VISTRAL_EXPORT DtVdcAttachablePdu : public DtVistralDrawControlPdu {
   // Four bytes r, g, b, a; color() points into the PDU (null only for an image too short to hold them).
   virtual void setColor(unsigned char* rgba);
   virtual const unsigned char* color() const;
+  // Whether the object flashes.
   virtual void setFlashing(bool flashing);
   virtual bool flashing() const;
+  // Sets the attachment type alone, leaving the anchors' fields as they are.
   virtual void setAttachmentType(DtVcObjectAttachment type);
 
   // The type's name without "Dt", or "UnknownEnum".

@@ -16,12 +16,14 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   const char* string() const override;
   void printData() const override;
 
+  // The attribute's name, a 64-byte text at the PDU's end, and the id of the group it belongs to.
   virtual void setName(DtString name);
   virtual DtString name() const;
   virtual DtNetU32 attributeGroupId() const;
   virtual void setAttributeGroupId(DtNetU32 groupId);
   // The whole flag byte: a flashing attribute reports a range.
   virtual bool hasRange() const;
+  // The ends of the range.
   virtual double rangeMin() const;
   virtual double rangeMax() const;
   // Writes both values and sets the whole flag byte to 1, which clears flashing.
@@ -34,6 +36,7 @@ class VISTRAL_EXPORT DtVdcAttributePduBase : public DtVdcAttachablePdu {
   DtPduStorage<472> storage_;  // a 64-byte name
 };
 
+// An attribute PDU in the current layout.
 class VISTRAL_EXPORT DtVdcAttributePdu : public DtVdcAttributePduBase {
  public:
   explicit DtVdcAttributePdu(DtBufferPlaceHolder* holder = nullptr);
@@ -43,6 +46,7 @@ class VISTRAL_EXPORT DtVdcAttributePdu : public DtVdcAttributePduBase {
   ~DtVdcAttributePdu() override;
 };
 
+// An attribute PDU in the version-0 layout.
 class VISTRAL_EXPORT DtVdcAttributePduV0 : public DtVdcAttributePduBase {
  public:
   explicit DtVdcAttributePduV0(DtBufferPlaceHolder* holder = nullptr);

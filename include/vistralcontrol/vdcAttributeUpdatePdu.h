@@ -15,10 +15,12 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePduBase : public DtVistralDrawControlPd
   const char* string() const override;
   void printData() const override;
 
+  // The new text of a text set, a 64-byte text at the PDU's end, and the group the attribute belongs to.
   virtual void setText(DtString text);
   virtual DtString text() const;
   virtual DtNetU32 groupId() const;
   virtual void setGroupId(DtNetU32 groupId);
+  // The new value of a value set: one number in x, or a graph point's x and y.
   virtual double valueX() const;
   virtual double valueY() const;
   virtual void setValueX(double x);
@@ -31,6 +33,7 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePduBase : public DtVistralDrawControlPd
   DtPduStorage<260> storage_;  // a 64-byte text
 };
 
+// An attribute update in the current layout.
 class VISTRAL_EXPORT DtVdcAttributeUpdatePdu : public DtVdcAttributeUpdatePduBase {
  public:
   explicit DtVdcAttributeUpdatePdu(DtBufferPlaceHolder* holder = nullptr);
@@ -41,6 +44,7 @@ class VISTRAL_EXPORT DtVdcAttributeUpdatePdu : public DtVdcAttributeUpdatePduBas
   ~DtVdcAttributeUpdatePdu() override;
 };
 
+// An attribute update in the version-0 layout.
 class VISTRAL_EXPORT DtVdcAttributeUpdatePduV0 : public DtVdcAttributeUpdatePduBase {
  public:
   explicit DtVdcAttributeUpdatePduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -6,6 +6,7 @@
 
 class VISTRAL_EXPORT DtVdcColor {
  public:
+  // Opaque named colours.
   static const DtVdcColor DtVdcWhite;
   static const DtVdcColor DtVdcBlack;
   static const DtVdcColor DtVdcRed;
@@ -29,18 +30,22 @@ class VISTRAL_EXPORT DtVdcColor {
   }
   bool operator!=(const DtVdcColor& other) const { return !(*this == other); }
 
+  // The channels, 0 to 255.
   unsigned int red() const { return red_; }
   unsigned int green() const { return green_; }
   unsigned int blue() const { return blue_; }
   unsigned int alpha() const { return alpha_; }
+  // The HSV view: hue in whole degrees (0 to 359), saturation and value from 0 to 1.
   unsigned int hue() const { return hue_; }
   double saturation() const { return saturation_; }
   double value() const { return value_; }
 
+  // Each RGB setter recomputes the HSV view; alpha stands apart.
   void setRed(unsigned int red);
   void setGreen(unsigned int green);
   void setBlue(unsigned int blue);
   void setAlpha(unsigned int alpha);
+  // Each HSV setter recomputes red, green and blue; setHSV sets the alpha too.
   void setHue(unsigned int hue);
   void setSaturation(double saturation);
   void setValue(double value);

@@ -4,6 +4,16 @@
 
 #include "vistralcontrol/vistralDrawControlPdu.h"
 
+// Command types beyond the draw-object types: one attribute of a panel shown or hidden. The command's object
+// id names the attribute, its layer id the panel: an attribute group, or a group template.
+enum DtVdcAttributeCommand : unsigned int {
+  DtVdcCommandShowGroupAttribute = 2516,
+  DtVdcCommandShowTemplateAttribute = 2517,
+  DtVdcCommandHideGroupAttribute = 2518,
+  DtVdcCommandHideTemplateAttribute = 2519,
+};
+
+// What the command PDU's two layouts share: its text form, its dump and the layer id.
 class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
  public:
   DtVdcCommandPduBase(const DtVdcCommandPduBase& other) = default;
@@ -26,6 +36,7 @@ class VISTRAL_EXPORT DtVdcCommandPduBase : public DtVistralDrawControlPdu {
   DtPduStorage<176> storage_;
 };
 
+// A command on a drawn object in the current layout.
 class VISTRAL_EXPORT DtVdcCommandPdu : public DtVdcCommandPduBase {
  public:
   explicit DtVdcCommandPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -35,6 +46,7 @@ class VISTRAL_EXPORT DtVdcCommandPdu : public DtVdcCommandPduBase {
   ~DtVdcCommandPdu() override;
 };
 
+// A command on a drawn object in the version-0 layout.
 class VISTRAL_EXPORT DtVdcCommandPduV0 : public DtVdcCommandPduBase {
  public:
   explicit DtVdcCommandPduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -7,6 +7,7 @@
 
 class VISTRAL_EXPORT DtVdcDrawLayerObject : public DtVdcObject {
  public:
+  // An empty layer under its name.
   DtVdcDrawLayerObject(unsigned int id, const DtString& layerName);
   DtVdcDrawLayerObject(const DtVdcDrawLayerObject& other) = default;
   DtVdcDrawLayerObject& operator=(const DtVdcDrawLayerObject& other) = default;

@@ -26,6 +26,7 @@ class VISTRAL_EXPORT DtVdcEllRectBase : public DtVdcObject {
   // Radians.
   virtual double rotation() const;
   virtual void setRotation(double rotation);
+  // How the shape is drawn: colour, filled or outlined, dash pattern, flashing.
   virtual const DtVdcColor& color() const;
   virtual DtVdcColor& color();
   virtual void setColor(const DtVdcColor& color);

@@ -46,6 +46,7 @@ class VISTRAL_EXPORT DtVdcEllipsoidCuboidBase : public DtVdcObject {
   DtVdcEllipsoidCuboidBase(unsigned int id, DtVdcObjectType type, const DtVdc3DAttachPoint& attachment,
                            const DtVector64& size, const DtVector64& enuOffset, const DtTaitBryan& rotation,
                            DtVdcColor color, bool flashing);
+  // The shape's extent along each axis, which the subclasses name.
   const DtVector64& size() const { return size_; }
   void setSize(const DtVector64& size) { size_ = size; }
 

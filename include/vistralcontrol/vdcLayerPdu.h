@@ -14,6 +14,7 @@ class VISTRAL_EXPORT DtVdcLayerPduBase : public DtVistralDrawControlPdu {
   const char* string() const override;
   void printData() const override;
 
+  // The layer's name, a text at the PDU's end.
   virtual void setName(DtString name);
   virtual DtString name() const;
 
@@ -24,6 +25,7 @@ class VISTRAL_EXPORT DtVdcLayerPduBase : public DtVistralDrawControlPdu {
   DtPduStorage<176> storage_;
 };
 
+// A layer in the current layout.
 class VISTRAL_EXPORT DtVdcLayerPdu : public DtVdcLayerPduBase {
  public:
   explicit DtVdcLayerPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -33,6 +35,7 @@ class VISTRAL_EXPORT DtVdcLayerPdu : public DtVdcLayerPduBase {
   ~DtVdcLayerPdu() override;
 };
 
+// A layer in the version-0 layout.
 class VISTRAL_EXPORT DtVdcLayerPduV0 : public DtVdcLayerPduBase {
  public:
   explicit DtVdcLayerPduV0(DtBufferPlaceHolder* holder = nullptr);

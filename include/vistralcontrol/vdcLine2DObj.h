@@ -11,6 +11,7 @@
 
 class VISTRAL_EXPORT DtVdcLine2DObject : public DtVdcObject {
  public:
+  // The segment looks, as DtVdcLineSegment names them.
   using DtVdcSegmentStyle = DtVdcLineSegment::DtVdcSegmentStyle;
   using DtVdcSegmentArrowStyle = DtVdcLineSegment::DtVdcSegmentArrowStyle;
 
@@ -36,6 +37,7 @@ class VISTRAL_EXPORT DtVdcLine2DObject : public DtVdcObject {
   virtual int numSegments() const;
   // Resizes to that many default segments (none for a negative count).
   virtual void setNumSegments(int count);
+  // Each segment's look, by segment index.
   virtual const DtVdcColor& color(int segment) const;
   virtual DtVdcColor& color(int segment);
   virtual void setColor(const DtVdcColor& color, int segment);

@@ -11,9 +11,12 @@
 
 class VISTRAL_EXPORT DtVdcLine3DObject : public DtVdcObject {
  public:
+  // The segment looks, as DtVdcLineSegment names them.
   using DtVdcSegmentStyle = DtVdcLineSegment::DtVdcSegmentStyle;
   using DtVdcSegmentArrowStyle = DtVdcLineSegment::DtVdcSegmentArrowStyle;
 
+  // A line between two attach points, moved by enuOffset (east, north, up): numSegments segments of equal
+  // share, each with the given look. checkLos and projected are the line PDU's flags of the same names.
   DtVdcLine3DObject(unsigned int id, const DtVdc3DAttachPoint& start, const DtVdc3DAttachPoint& end,
                     int numSegments, const DtVector64& enuOffset, DtVdcColor color, DtVdcSegmentStyle style,
                     DtVdcSegmentArrowStyle arrowStyle, unsigned int thickness, unsigned int pattern,

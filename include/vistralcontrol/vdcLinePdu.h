@@ -8,12 +8,14 @@
 
 class VISTRAL_EXPORT DtVdcLinePdu : public DtVdcAttachablePdu {
  public:
+  // Which ends of a segment carry an arrowhead.
   enum DtVdcLineArrowStyle : unsigned {
     DtVdcStyleNoArrow = 0,
     DtVdcStyleArrowEnd = 1,
     DtVdcStyleArrowStart = 2,
     DtVdcStyleArrowDouble = 3,
   };
+  // How a segment is drawn.
   enum DtVdcLineAppearance : unsigned {
     DtVdcLineAppearanceStraight = 0,
     DtVdcLineAppearanceLightning = 8,
@@ -58,6 +60,7 @@ class VISTRAL_EXPORT DtVdcLinePdu : public DtVdcAttachablePdu {
   virtual bool checkLos() const;
   virtual void setProjected(bool projected);
   virtual bool projected() const;
+  // The name of an arrow style or an appearance, for the dump.
   virtual const char* typeString(DtVdcLineArrowStyle style) const;
   virtual const char* typeString(DtVdcLineAppearance appearance) const;
 
@@ -66,6 +69,7 @@ class VISTRAL_EXPORT DtVdcLinePdu : public DtVdcAttachablePdu {
  protected:
   // For the version-0 classes, which build their own image.
   struct NoImage {};
+  // Builds no image: the version-0 class's constructor builds its own.
   explicit DtVdcLinePdu(NoImage);
 
  private:

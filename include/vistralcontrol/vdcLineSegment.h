@@ -5,22 +5,27 @@
 
 class VISTRAL_EXPORT DtVdcLineSegment {
  public:
+  // How the segment is drawn.
   enum DtVdcSegmentStyle : int {
     DtVdcSegmentStraight = 0,
     DtVdcSegmentLightning = 1,  // the only style the line PDU marks
   };
+  // Which ends of the segment carry an arrowhead.
   enum DtVdcSegmentArrowStyle : int {
     DtVdcSegmentNoArrow = 0,
     DtVdcSegmentArrowEnd = 1,
     DtVdcSegmentArrowStart = 2,
     DtVdcSegmentArrowDouble = 3,
   };
+  // The dash pattern of an unbroken line: every bit drawn.
   static constexpr unsigned int kSolidPattern = 0xFFFFFFFF;
 
   DtVdcLineSegment() = default;
+  // percentage: the segment's share of the line's length, as a fraction of 1.
   DtVdcLineSegment(double percentage, DtVdcColor color, unsigned int pattern, unsigned int thickness,
                    DtVdcSegmentStyle style, DtVdcSegmentArrowStyle arrowStyle);
 
+  // The segment's look: colour, 32-bit dash pattern, thickness, share of the length, style and arrowheads.
   const DtVdcColor& color() const { return color_; }
   DtVdcColor& color() { return color_; }
   void setColor(const DtVdcColor& color) { color_ = color; }

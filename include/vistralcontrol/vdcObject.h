@@ -6,11 +6,13 @@
 
 class VISTRAL_EXPORT DtVdcObject {
  public:
+  // An object under the id the drawer keys it by.
   explicit DtVdcObject(unsigned int id) : id_(id) {}
   DtVdcObject(const DtVdcObject& other) = default;
   DtVdcObject& operator=(const DtVdcObject& other) = default;
   virtual ~DtVdcObject();
 
+  // The object id.
   virtual unsigned int id() const;
   // Writes the id into the object's PDU at once, so that object and PDU never disagree.
   virtual void setId(unsigned int id);

@@ -19,6 +19,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPduBase : public DtVdcAttachablePdu {
   // const, yet it writes the PDU's flag byte: callers hold poly objects by const reference when filling.
   virtual void setFill(bool fill) const;
   virtual bool fill() const;
+  // The 32-bit pattern the shape is drawn with.
   virtual void setPattern(DtNetU32 pattern);
   virtual DtNetU32 pattern() const;
   // Stored in single precision.
@@ -31,6 +32,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPduBase : public DtVdcAttachablePdu {
   DtVdcPolyObjectPduBase() = default;
 };
 
+// A poly object in the current layout.
 class VISTRAL_EXPORT DtVdcPolyObjectPdu : public DtVdcPolyObjectPduBase {
  public:
   explicit DtVdcPolyObjectPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -43,6 +45,7 @@ class VISTRAL_EXPORT DtVdcPolyObjectPdu : public DtVdcPolyObjectPduBase {
   DtPduStorage<412> storage_;
 };
 
+// A poly object in the version-0 layout.
 class VISTRAL_EXPORT DtVdcPolyObjectPduV0 : public DtVdcPolyObjectPduBase {
  public:
   explicit DtVdcPolyObjectPduV0(DtBufferPlaceHolder* holder = nullptr);

@@ -15,6 +15,7 @@
 class DtExerciseConn;
 class DtFomMapper;
 
+// A retained overlay scene: owns drawing objects by id and sends what becomes of them as draw-control PDUs.
 class VISTRAL_EXPORT DtVistralRemoteDrawer {
  public:
   // The receiver id that addresses every viewer.
@@ -31,6 +32,7 @@ class VISTRAL_EXPORT DtVistralRemoteDrawer {
   // Through a connection of its own, made from the leading arguments; the sender id is the federate name.
   DtVistralRemoteDrawer(const char* execName, const char* federateName, DtFomMapper* mapper,
                         const char* fedFile, const DtString& receiverId, unsigned int firstId);
+  // The same, naming the backend and an RTI ambassador as DtExerciseConn's second constructor does.
   DtVistralRemoteDrawer(const char* execName, const char* federateName, const char* fedFile,
                         const char* backend, void* rtiAmbassador, const DtString& receiverId,
                         unsigned int firstId);
@@ -44,10 +46,12 @@ class VISTRAL_EXPORT DtVistralRemoteDrawer {
   // Takes ownership and sends the object's PDU (a group template's attribute templates follow it). An object
   // already held under the same id is dropped from the map without being deleted or removed on the viewer.
   virtual void add(DtVdcObject* obj);
+  // Sends the command that puts the object into the layer.
   virtual void addToLayer(unsigned int objectId, unsigned int layerId);
   // Sends the remove command (a group template's held attribute templates first) and hands the object back
   // to the caller; null, sending nothing, for an id not held.
   virtual DtVdcObject* remove(unsigned int objectId);
+  // Sends the command that takes the object out of the layer.
   virtual void removeFromLayer(unsigned int objectId, unsigned int layerId);
   // The object under the id. An id not held is entered with no object, and null is returned.
   virtual DtVdcObject* lookup(unsigned int objectId);
@@ -57,7 +61,9 @@ class VISTRAL_EXPORT DtVistralRemoteDrawer {
   virtual void show(unsigned int objectId);
   // The group must be held; an attribute group and any other object get different commands.
   virtual void showAttribute(unsigned int groupId, unsigned int attributeId);
+  // Sends the hide command for the object.
   virtual void hide(unsigned int objectId);
+  // Hides one attribute of a held attribute group, as showAttribute shows it.
   virtual void hideAttribute(unsigned int groupId, unsigned int attributeId);
   // Stamps the drawer's sender id into the PDU and sends it; throws DtException with nowhere to send.
   virtual void sendDrawControlPdu(DtVistralDrawControlPdu& pdu);

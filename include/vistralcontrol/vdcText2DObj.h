@@ -9,6 +9,7 @@
 
 class VISTRAL_EXPORT DtVdcText2DObject : public DtVdcObject {
  public:
+  // The text at a screen position.
   DtVdcText2DObject(unsigned int id, const DtString& text, const DtVdcVector2D& position, DtVdcColor color,
                     bool flashing);
   DtVdcText2DObject(const DtVdcText2DObject& other) = default;

@@ -10,6 +10,7 @@
 
 class VISTRAL_EXPORT DtVdcText3DObject : public DtVdcObject {
  public:
+  // The text at the attach point, moved by enuOffset (east, north, up).
   DtVdcText3DObject(unsigned int id, const DtString& text, const DtVdc3DAttachPoint& attachment,
                     const DtVector64& enuOffset, DtVdcColor color, bool flashing);
   DtVdcText3DObject(const DtVdcText3DObject& other) = default;

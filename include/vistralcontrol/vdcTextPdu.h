@@ -26,6 +26,7 @@ class VISTRAL_EXPORT DtVdcTextPduBase : public DtVdcAttachablePdu {
   DtPduStorage<452> storage_;  // a 64-byte text
 };
 
+// A text in the current layout.
 class VISTRAL_EXPORT DtVdcTextPdu : public DtVdcTextPduBase {
  public:
   explicit DtVdcTextPdu(DtBufferPlaceHolder* holder = nullptr);
@@ -35,6 +36,7 @@ class VISTRAL_EXPORT DtVdcTextPdu : public DtVdcTextPduBase {
   ~DtVdcTextPdu() override;
 };
 
+// A text in the version-0 layout.
 class VISTRAL_EXPORT DtVdcTextPduV0 : public DtVdcTextPduBase {
  public:
   explicit DtVdcTextPduV0(DtBufferPlaceHolder* holder = nullptr);

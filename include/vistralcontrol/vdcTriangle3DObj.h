@@ -8,6 +8,7 @@
 
 class VISTRAL_EXPORT DtVdcTriangle3DObject : public DtVdcObject {
  public:
+  // A triangle of three world points.
   DtVdcTriangle3DObject(unsigned int id, const DtVector64& vertex1, const DtVector64& vertex2,
                         const DtVector64& vertex3, DtVdcColor color, bool flashing);
   DtVdcTriangle3DObject(const DtVdcTriangle3DObject& other) = default;

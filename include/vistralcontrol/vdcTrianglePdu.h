@@ -5,6 +5,7 @@
 
 class VISTRAL_EXPORT DtVdcTrianglePduBase : public DtVdcPolyObjectPduBase {
  public:
+  // A triangle's corners.
   static constexpr int kNumPoints = 3;
 
   DtVdcTrianglePduBase(const DtVdcTrianglePduBase& other) = default;
@@ -27,6 +28,7 @@ class VISTRAL_EXPORT DtVdcTrianglePduBase : public DtVdcPolyObjectPduBase {
   DtPduStorage<488> storage_;
 };
 
+// A triangle in the current layout.
 class VISTRAL_EXPORT DtVdcTrianglePdu : public DtVdcTrianglePduBase {
  public:
   explicit DtVdcTrianglePdu(DtBufferPlaceHolder* holder = nullptr);
@@ -36,6 +38,7 @@ class VISTRAL_EXPORT DtVdcTrianglePdu : public DtVdcTrianglePduBase {
   ~DtVdcTrianglePdu() override;
 };
 
+// A triangle in the version-0 layout.
 class VISTRAL_EXPORT DtVdcTrianglePduV0 : public DtVdcTrianglePduBase {
  public:
   explicit DtVdcTrianglePduV0(DtBufferPlaceHolder* holder = nullptr);

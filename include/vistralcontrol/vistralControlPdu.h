@@ -12,10 +12,12 @@
 
 class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
  public:
+  // The PDU kind of every control PDU, the size of the text-form buffer, and where status commands begin.
   static constexpr int kPduKind = 202;
   static constexpr int kTextBufferSize = 400;
   static constexpr int kStatusOffset = 500;
   static constexpr int kStatusLast = 600;  // the highest command number that is a status form
+  // The version mark at byte 152 that tells a current-layout draw PDU from a version-0 one.
   static constexpr unsigned kDrawControlMark = 0x600DF00D;
 
   DtVistralControlPdu();
@@ -36,6 +38,7 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
   const DtString& senderId() const;
   void setSenderId(const DtString& id);
 
+  // What the PDU commands; status forms (command + 500) are what viewers answer with.
   DtViewerCommand viewerCommand() const;
   void setViewerCommand(DtViewerCommand command);
 
@@ -98,6 +101,7 @@ class VISTRAL_EXPORT DtVistralControlPdu : public DtPdu {
 // are never sent.
 class VISTRAL_EXPORT DtRequestStateVCPdu : public DtVistralControlPdu {
  public:
+  // The PDU's length in bytes.
   static constexpr int kLength = 152;
   explicit DtRequestStateVCPdu(DtBufferPlaceHolder* holder = nullptr);
   DtRequestStateVCPdu(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder, DtPduFactory* factory);

@@ -52,20 +52,27 @@ enum DtVdcObjectType : int {
   DtVdcLayer = 2590,
 };
 
+// The base of the draw-control PDUs: the object id and draw-object type after the fixed part, in the layout
+// its version mark names.
 class VISTRAL_EXPORT DtVistralDrawControlPdu : public DtVistralControlPdu {
  public:
+  // The parameter version of the current layout.
   static constexpr unsigned kCurrentParamVersion = 1;
   // Where the version mark and the parameter version sit (view-control images keep their ignore flags there).
   static constexpr int kMarkOffset = 152;
   static constexpr int kParamVersionOffset = 156;
 
   DtVistralDrawControlPdu();
+  // Copies the other PDU's image.
   DtVistralDrawControlPdu(const DtVistralDrawControlPdu& other);
+  // Copies the other PDU's image into this one's storage.
   DtVistralDrawControlPdu& operator=(const DtVistralDrawControlPdu& other);
   ~DtVistralDrawControlPdu() override;
 
+  // The drawn object the PDU is about (the drawer's object id).
   virtual DtNetU32 objectId() const;
   virtual void setObjectId(DtNetU32 id);
+  // The draw-object type (DtVdcObjectType): the shape, or for commands the command.
   virtual void setType(DtNetU32 type);
   virtual DtNetU32 type() const;
   // The version the image's own bytes state (0 without the mark). Exactly 1 selects the current layout for

@@ -25,6 +25,7 @@ class DtVistralControlInteraction;
 class VISTRAL_EXPORT DtCustomRemoteControlSender {
  public:
   virtual ~DtCustomRemoteControlSender();
+  // Called with the image of each PDU sent, header first; the bytes are valid during the call only.
   virtual void sendPdu(const unsigned char* bytes, int length) = 0;
 };
 
@@ -32,25 +33,30 @@ class VISTRAL_EXPORT DtCustomRemoteControlSender {
 namespace DtVcIgnore {
 constexpr unsigned long Position =
     0x00000007;  // world location, pivot point, mimic-track offset, move position
+// Each angle of an orientation or of the orbit and compass parameters.
 constexpr unsigned long Heading = 0x00000008;
 constexpr unsigned long Pitch = 0x00000010;
 constexpr unsigned long Roll = 0x00000020;
 constexpr unsigned long Orientation = Heading | Pitch | Roll;
+// The mode parameters of the same names.
 constexpr unsigned long TetherOffset = 0x000001C0;
 constexpr unsigned long Radius = 0x00000200;
 constexpr unsigned long BodyHeading = 0x00000400;
 constexpr unsigned long GroupHeadingOffset = 0x00000800;
 constexpr unsigned long GroupPitchOffset = 0x00001000;
 constexpr unsigned long AttachOffset = 0x0000E000;  // mimic, offset mimic, tether-track
+// The orbit's turning rate and the group mode's distance.
 constexpr unsigned long AzimuthRate = 0x00040000;
 constexpr unsigned long GroupRadialOffset = 0x00080000;
 constexpr unsigned long FirstEntity = 0x00100000;   // attach id, track id of track mode, modeless primary
 constexpr unsigned long SecondEntity = 0x00200000;  // track id of the two-entity modes, modeless secondary
+// The entity lists of group and modeless commands, the step of a move, and every field at once.
 constexpr unsigned long GroupLists = 0x00400000;
 constexpr unsigned long Step = 0x01000000;
 constexpr unsigned long All = 0xFFFFFFFF;
 }  // namespace DtVcIgnore
 
+// Steers one target viewer: one operation per command, every field the caller leaves out marked "ignore".
 class VISTRAL_EXPORT DtVistralRemoteController {
  public:
   // Same values as the move PDU's directions, passed on unchanged.
@@ -62,11 +68,15 @@ class VISTRAL_EXPORT DtVistralRemoteController {
     FORWARDS = DtMoveVCPdu::FORWARDS,
     BACKWARDS = DtMoveVCPdu::BACKWARDS
   };
+  // Hears a PDU from a viewer, with the argument given at registration; the PDU is valid during the call
+  // only.
   using Callback = void (*)(const DtVistralControlPdu& pdu, void* usr);
 
   // One registered callback: the viewer whose PDUs it wants ("0:0:0" for all), the function and its argument.
   struct VISTRAL_EXPORT CbStruct {
+    // Registered for viewerName; called with userData.
     CbStruct(const DtString& viewerName, Callback cb, void* userData);
+    // The viewer it listens to, the function and its argument.
     DtString viewer;
     Callback function;
     void* usr;
@@ -75,33 +85,46 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   // The viewer name that addresses every viewer: a callback registered for it hears from all of them.
   static const DtString SEND_TO_ALL;
 
+  // Steers target through the application's own sender (not owned) and no connection: it hears no reports.
   DtVistralRemoteController(DtCustomRemoteControlSender* sender, const DtString& target);
+  // Steers target over the application's connection (not owned), on which it registers for reports.
   DtVistralRemoteController(DtExerciseConn* conn, const DtString& target);
+  // Joins a federation on a connection of its own, made from the leading arguments as DtExerciseConn's are.
   DtVistralRemoteController(const char* execName, const char* federateName, DtFomMapper* mapper,
                             const char* fedFile, const DtString& target);
+  // The same, naming the backend and an RTI ambassador as DtExerciseConn's second constructor does.
   DtVistralRemoteController(const char* execName, const char* federateName, const char* fedFile,
                             const char* backend, void* rtiAmbassador, const DtString& target);
   virtual ~DtVistralRemoteController();
   DtVistralRemoteController(const DtVistralRemoteController&) = delete;
   DtVistralRemoteController& operator=(const DtVistralRemoteController&) = delete;
 
+  // The viewer every command goes to.
   virtual void setTargetVistralId(const DtString& id);
   virtual const DtString& targetVistralId() const;
+  // The sender id stamped into every command; the viewer's reports name it.
   virtual void setControllerId(const DtString& id);
   virtual const DtString& controllerId() const;
+  // Registers or removes a callback for the PDUs of one viewer, or of all with SEND_TO_ALL.
   virtual void addViewModeChangeCallback(Callback cb, void* usr, const DtString& viewer);
   virtual void removeViewModeChangeCallback(Callback cb, void* usr, const DtString& viewer);
   // Asks the target viewer for its mode; the argument is not used (the request goes to the target viewer).
   virtual void requestCurrentViewMode(const DtString& viewer) const;
+  // Modeless commands: the entity the viewer treats as primary, as secondary, or both at once.
   virtual void setPrimary(const DtString& primary) const;
   virtual void setSecondary(const DtString& secondary) const;
   virtual void setPrimarySecondary(const DtString& primary, const DtString& secondary) const;
+  // Modeless commands on the viewed group: replace it with the list, add the list to it, or remove the list
+  // from it.
   virtual void setGroup(const DtGlobalObjectDesignatorList& list) const;
   virtual void addToGroup(const DtGlobalObjectDesignatorList& list) const;
   virtual void removeFromGroup(const DtGlobalObjectDesignatorList& list) const;
+  // A move command that resets the eye, every other field ignored.
   virtual void reset() const;
+  // A move command of one step, or one turn, in the direction.
   virtual void moveEyepoint(Direction direction) const;
   virtual void turnEyepoint(Direction direction) const;
+  // Options commands: the size of a step and the rate of a turn, set outright or one notch up or down.
   virtual void setStepsize(float size) const;
   virtual void setTurnrate(float rate) const;
   virtual void increaseStepsize() const;
@@ -198,6 +221,7 @@ class VISTRAL_EXPORT DtVistralRemoteController {
   virtual void send(const DtVistralControlPdu& pdu) const;
   // Hands a received PDU to every callback registered for its viewer or for all viewers.
   virtual void processVistralControl(DtVistralControlInteraction* inter) const;
+  // What setGroupMode (wide 0) and setWideGroupMode (wide 1) send.
   virtual void sendGroupPdu(const DtGlobalObjectDesignatorList* list, const float* radial,
                             const float* heading, const float* pitch, int wide) const;
 

@@ -9,6 +9,7 @@
 #include "vistralemulator/emulatorState.h"
 #include "vistralemulator/vistralEmulatorExport.h"
 
+// The picture as SVG text, or as the bytes of a PNG file.
 VISTRAL_EMULATOR_EXPORT std::string DtEmulatorPictureSvg(const DtEmulatorState& state);
 VISTRAL_EMULATOR_EXPORT std::string DtEmulatorPicturePng(const DtEmulatorState& state);
 // Writes the picture as SVG or PNG by the path's extension (".svg", ".png"); false for any other extension or

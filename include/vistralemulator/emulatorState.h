@@ -21,6 +21,7 @@ using DtEmulatorVec = std::array<double, 3>;
 // field is present once a command carried it with its ignore bit clear; it keeps that value until another
 // command of the mode carries it again.
 struct DtEmulatorModeState {
+  // By field name, only the fields the mode was ever given.
   std::map<std::string, DtEmulatorValue> fields;
 };
 
@@ -28,27 +29,34 @@ struct DtEmulatorModeState {
 // through, so it counts them and keeps the directions they named).
 struct DtEmulatorEye {
   std::map<std::string, double> fields;  // "position.x", ..., "orientation.psi", ...
+  // Move commands heard, the last move and turn directions (-1 before any), and resets.
   int steps = 0;
   int lastMove = -1;
   int lastTurn = -1;
   int resets = 0;
 };
 
+// How the viewer looks at the scene: its mode, every mode's parameters, its group and its eye point.
 struct DtEmulatorViewState {
   int mode = 0;  // the viewer command of the current mode; a viewer starts in absolute mode
   std::map<int, DtEmulatorModeState> modes;  // by viewer command, every mode ever commanded
   std::vector<std::string> group;            // entities of the viewed group (group mode and modeless lists)
+  // The modeless commands' entities, and the eye point as move commands left it.
   std::string primary;
   std::string secondary;
   DtEmulatorEye eye;
 };
 
+// A colour as a PDU carried it, 0 to 255 per channel.
 struct DtEmulatorColor {
+  // Red, green, blue and alpha.
   int r = 255, g = 255, b = 255, a = 255;
 };
 
 // Where an attachable object is anchored, as its PDU says.
 struct DtEmulatorAnchor {
+  // The attachment type, then per anchor (start and end) its world position, entity id, object id and
+  // relative location, and the offset from it.
   int attachment = 0;
   std::array<DtEmulatorVec, 2> positions{};
   std::array<std::string, 2> entities;
@@ -57,7 +65,9 @@ struct DtEmulatorAnchor {
   DtEmulatorVec offset{};
 };
 
+// One segment of a drawn line, as its PDU's segment table gave it.
 struct DtEmulatorSegment {
+  // The segment's colour, dash pattern, thickness, arrow style, appearance and share of the line in percent.
   DtEmulatorColor color;
   std::uint32_t pattern = 0xFFFFFFFF;
   int thickness = 1;
@@ -68,6 +78,7 @@ struct DtEmulatorSegment {
 
 // A value of one attribute of a panel, as attribute updates left it.
 struct DtEmulatorAttributeValue {
+  // The numbers and the text of the value, and whether an update has set it.
   double x = 0;
   double y = 0;
   std::string text;
@@ -76,6 +87,7 @@ struct DtEmulatorAttributeValue {
 
 // One attribute of a panel layout (an attribute template), kept under its group template.
 struct DtEmulatorAttributeDef {
+  // The attribute's type, name and, for value bars, range.
   int type = 0;
   std::string name;
   bool hasRange = false;
@@ -86,28 +98,36 @@ struct DtEmulatorAttributeDef {
 // One drawn object: what kind it is, the last PDU that described it and what that PDU said, and what the
 // commands since did to it.
 struct DtEmulatorObject {
+  // The object id the drawer gave it.
   std::uint32_t id = 0;
   int viewerCommand = 0;  // the PDU class: 2520 line, 2540 poly object, 2550 triangle, ...
   int type = 0;           // the draw-object type
+  // The image of the last PDU that described it, as it arrived.
   std::vector<std::uint8_t> lastPdu;
   int pduCount = 0;  // PDUs that have described it (the first and every update)
+  // False after a hide command, true after a show command (DtEmulatorState::shown also asks its layers), and
+  // the layers it belongs to.
   bool visible = true;
   std::set<std::uint32_t> layers;
 
+  // Anchored in the world (attachable PDUs), where, and how it is drawn.
   bool attachable = false;
   DtEmulatorAnchor anchor;
   DtEmulatorColor color;
   bool flashing = false;
 
   std::vector<DtEmulatorSegment> segments;  // lines
+  // Line flags of the current layout.
   bool checkLos = false;
   bool projected = false;
 
   bool fill = false;  // poly objects, triangles, areas
+  // Fill pattern, scale and the corner or outline points of shapes and areas.
   std::uint32_t pattern = 0;
   DtEmulatorVec scale{};
   DtEmulatorVec rotation{};  // psi, theta, phi
   std::vector<DtEmulatorVec> points;
+  // An area's texture: its folder, file and tile count.
   std::string textureDirectory;
   std::string textureFilename;
   int textureTiles = 0;
@@ -115,13 +135,16 @@ struct DtEmulatorObject {
   std::string text;  // a text's string, a layer's or an attribute's name
 
   std::uint32_t attributeGroupId = 0;  // attribute panels: the group template a group or template belongs to
+  // A value bar's range, for attribute templates.
   bool hasRange = false;
   double rangeMin = 0;
   double rangeMax = 0;
   std::map<std::uint32_t, DtEmulatorAttributeValue> values;  // a group's values by attribute id
+  // Attributes of a panel that a hide command hid.
   std::set<std::uint32_t> hiddenAttributes;
 };
 
+// What the emulator has done with the PDUs it received.
 struct DtEmulatorCounters {
   long received = 0;        // control PDUs taken
   long ignored = 0;         // PDUs for other viewers, status reports of other viewers, unknown commands
@@ -129,10 +152,13 @@ struct DtEmulatorCounters {
   long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
 };
 
+// Everything the emulated viewer holds, by topic.
 struct VISTRAL_EMULATOR_EXPORT DtEmulatorState {
+  // The viewer id the emulator answers to, and how it looks at the scene.
   std::string viewerId;
   DtEmulatorViewState view;
   std::map<std::string, DtEmulatorValue> options;  // by option name; only options a PDU carried
+  // Drawn objects by object id.
   std::map<std::uint32_t, DtEmulatorObject> objects;
   // Panel layouts: attribute definitions by group template id, then attribute id. Attribute ids are small
   // numbers of their own, so they are not entered among the drawn objects.

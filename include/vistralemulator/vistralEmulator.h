@@ -15,6 +15,7 @@
 class DtExerciseConn;
 class DtVistralControlInteraction;
 
+// The emulated viewer: takes the PDUs addressed to it and keeps its state as a viewer would.
 class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
  public:
   // On the application's connection (not owned): registers "ViewControl" on it and listens.
@@ -40,7 +41,9 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   // have their ignore bits set. From and to the emulator's viewer id.
   std::unique_ptr<DtVistralControlPdu> stateReport() const;
 
+  // What the viewer holds now; valid until the next PDU is taken.
   const DtEmulatorState& state() const { return state_; }
+  // The viewer id it answers to, and its connection (null when it has none).
   const DtString& viewerId() const { return viewerId_; }
   DtExerciseConn* connection() const { return conn_; }
 

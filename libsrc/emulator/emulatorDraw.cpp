@@ -16,13 +16,6 @@
 namespace vistralemulator {
 namespace {
 
-// Command types beyond the enumeration: an attribute of a panel shown or hidden, on a group (2516, 2518) or
-// on a group template (2517, 2519). The command's object id names the attribute, its layer id the panel.
-constexpr int kShowGroupAttribute = 2516;
-constexpr int kShowTemplateAttribute = 2517;
-constexpr int kHideGroupAttribute = 2518;
-constexpr int kHideTemplateAttribute = 2519;
-
 DtEmulatorVec vec(const DtVector64& v) { return {v.x(), v.y(), v.z()}; }
 
 DtEmulatorColor colorOf(const unsigned char* rgba) {
@@ -141,7 +134,8 @@ void command(DtEmulatorState& state, const DtVdcCommandPduBase& pdu) {
     return;
   }
   // The attribute commands name the panel in the layer id field.
-  const bool onAttribute = type >= kShowGroupAttribute && type <= kHideTemplateAttribute;
+  const bool onAttribute = type >= static_cast<int>(DtVdcCommandShowGroupAttribute) &&
+                           type <= static_cast<int>(DtVdcCommandHideTemplateAttribute);
   DtEmulatorObject* target = find(state, onAttribute ? static_cast<std::uint32_t>(pdu.layerId()) : id);
   if (target == nullptr) {
     ++state.counters.unknownTargets;
@@ -160,12 +154,12 @@ void command(DtEmulatorState& state, const DtVdcCommandPduBase& pdu) {
     case DtVdcCommandRemoveFromLayer:
       target->layers.erase(pdu.layerId());
       break;
-    case kShowGroupAttribute:
-    case kShowTemplateAttribute:
+    case DtVdcCommandShowGroupAttribute:
+    case DtVdcCommandShowTemplateAttribute:
       target->hiddenAttributes.erase(id);
       break;
-    case kHideGroupAttribute:
-    case kHideTemplateAttribute:
+    case DtVdcCommandHideGroupAttribute:
+    case DtVdcCommandHideTemplateAttribute:
       target->hiddenAttributes.insert(id);
       break;
     default:

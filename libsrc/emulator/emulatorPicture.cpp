@@ -8,9 +8,12 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <optional>
 #include <sstream>
 
+#include "vistralcontrol/vdcAttachablePdu.h"
+#include "vistralcontrol/vdcLineSegment.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
 #include "vistralemulator/emulatorSnapshot.h"
 
@@ -76,7 +79,7 @@ void text(cairo_t* cr, double x, double y, const std::string& s, double size = 1
 // A dash pattern from the 32 bits of a line pattern, most significant bit first, one bit per unit: runs of
 // ones are drawn, runs of zeros left out. All ones (and no bits at all) is a solid line.
 void setPattern(cairo_t* cr, std::uint32_t pattern, double unit) {
-  if (pattern == 0 || pattern == 0xFFFFFFFFu) {
+  if (pattern == 0 || pattern == DtVdcLineSegment::kSolidPattern) {
     cairo_set_dash(cr, nullptr, 0, 0);
     return;
   }
@@ -162,13 +165,16 @@ void flashMarker(cairo_t* cr, Point p) {
 enum class AnchorKind { none, position, entity, object };
 AnchorKind anchorKind(int attachment, int index) {
   using K = AnchorKind;
-  static const K kTable[12][2] = {
+  using A = DtVdcAttachablePdu;
+  // By attachment type, the kind of anchor 0 and of anchor 1.
+  static const K kTable[][2] = {
       {K::position, K::none},   {K::position, K::position}, {K::entity, K::none},
       {K::object, K::none},     {K::entity, K::position},   {K::object, K::position},
       {K::position, K::entity}, {K::position, K::object},   {K::entity, K::object},
       {K::object, K::entity},   {K::entity, K::entity},     {K::object, K::object},
   };
-  if (attachment < 0 || attachment > 11) return K::none;
+  static_assert(std::size(kTable) == A::DtVcObjectAttachedToObjectObject + 1, "one row per attachment type");
+  if (attachment < A::DtVcObjectNoAttach || attachment > A::DtVcObjectAttachedToObjectObject) return K::none;
   return kTable[attachment][index];
 }
 
@@ -315,7 +321,7 @@ class Picture {
     for (const char* name : {"location", "pivotPoint"})
       if (const auto p = vectorField(name)) take((*p)[0], (*p)[1]);
     for (const char* name : {"attachId", "trackId"}) entity(textField(name));
-    if (state_.view.mode == 9)
+    if (state_.view.mode == DtVcGroup)
       for (const std::string& member : state_.view.group) entity(member);
     // The eye as a move set it is drawn where it falls but does not stretch the map: a move may have put it
     // anywhere, often at a small offset from the origin, far from a scene in world coordinates.
@@ -645,24 +651,24 @@ class Picture {
     std::optional<Point> target;
     double heading =
         field("orientation.psi").value_or(field("heading").value_or(field("bodyHeading").value_or(0)));
-    if (mode == 0 || mode == 6) {
+    if (mode == DtVcAbsolute || mode == DtVcTrack) {
       if (const auto p = vectorField("location")) eye = world(*p);
-      if (mode == 6) target = entityAt(textField("trackId"));
-    } else if (mode == 12) {
+      if (mode == DtVcTrack) target = entityAt(textField("trackId"));
+    } else if (mode == DtVcPivot) {
       if (const auto p = vectorField("pivotPoint")) {
         target = world(*p);
         const double r = field("radius").value_or(0) * scale_;
         eye = Point{target->x - r * std::sin(heading), target->y + r * std::cos(heading)};
         circle(*target, r);
       }
-    } else if (mode == 2 || mode == 5) {
+    } else if (mode == DtVcCompass || mode == DtVcOrbit) {
       if (const auto centre = entityAt(textField("attachId"))) {
         const double r = std::max(field("radius").value_or(0) * scale_, 12.0);
         circle(*centre, r);
         eye = Point{centre->x - r * std::sin(heading), centre->y + r * std::cos(heading)};
         target = centre;
       }
-    } else if (mode == 9) {
+    } else if (mode == DtVcGroup) {
       double sx = 0, sy = 0;
       int n = 0;
       for (const std::string& member : state_.view.group)
@@ -673,7 +679,7 @@ class Picture {
         circle(*target, 30);
       }
     } else if (const auto attached = entityAt(textField("attachId"))) {
-      const char* offset = mode == 1 ? "topoUpOffset" : "offset";
+      const char* offset = mode == DtVcTether ? "topoUpOffset" : "offset";
       const auto o = vectorField(offset);
       eye = Point{attached->x + (o ? (*o)[0] * scale_ : 0), attached->y - (o ? (*o)[1] * scale_ : 0)};
       target = entityAt(textField("trackId"));

@@ -34,9 +34,7 @@ static_assert((kTetherX | kTetherY | kTetherZ) == DtVcIgnore::TetherOffset, "tet
 static_assert((kAttachX | kAttachY | kAttachZ) == DtVcIgnore::AttachOffset, "attach offset bits");
 // A field without an ignore bit of its own (the group command) is applied with every command of its mode.
 constexpr unsigned long kAlways = 0;
-// Entity lists of a group or modeless PDU are read no further than its image reaches, and a group holds at
-// most this many entities, whatever counts a PDU states.
-constexpr int kListStride = 64;
+// A group holds at most this many entities, whatever counts a PDU states.
 constexpr std::size_t kMaxGroup = 4096;
 
 double asNumber(const DtEmulatorValue& value) {
@@ -79,44 +77,32 @@ FieldRule text(std::string name, unsigned long bit) {
           }};
 }
 
-inline void setComponent(DtVector64& v, int i, double value) {
+// Part i of a three-part value: a vector's x, y, z, or the angles psi, theta, phi.
+inline double partOf(const DtVector64& v, int i) { return v[i]; }
+inline void setPart(DtVector64& v, int i, double value) {
   if (i == 0) v.setX(value);
   if (i == 1) v.setY(value);
   if (i == 2) v.setZ(value);
 }
-
-template <class P, auto Get, auto Set, int I>
-FieldRule component(std::string name, unsigned long bit) {
-  return {std::move(name), bit,
-          [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
-            return DtVector64((static_cast<const P&>(pdu).*Get)())[I];
-          },
-          [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
-            auto& p = static_cast<P&>(pdu);
-            DtVector64 vector = (p.*Get)();
-            setComponent(vector, I, asNumber(v));
-            (p.*Set)(vector);
-          }};
-}
-
-inline double angle(const DtTaitBryan& a, int i) { return i == 0 ? a.psi() : i == 1 ? a.theta() : a.phi(); }
-inline void setAngle(DtTaitBryan& a, int i, double value) {
+inline double partOf(const DtTaitBryan& a, int i) { return i == 0 ? a.psi() : i == 1 ? a.theta() : a.phi(); }
+inline void setPart(DtTaitBryan& a, int i, double value) {
   if (i == 0) a.setPsi(value);
   if (i == 1) a.setTheta(value);
   if (i == 2) a.setPhi(value);
 }
 
-template <class P, auto Get, auto Set, int I>
-FieldRule angleOf(std::string name, unsigned long bit) {
+// Part I of a vector or angles field as a field of its own; writing it keeps the other two parts.
+template <class P, class T, auto Get, auto Set, int I>
+FieldRule part(std::string name, unsigned long bit) {
   return {std::move(name), bit,
           [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
-            return angle(DtTaitBryan((static_cast<const P&>(pdu).*Get)()), I);
+            return partOf(T((static_cast<const P&>(pdu).*Get)()), I);
           },
           [](DtVistralControlPdu& pdu, const DtEmulatorValue& v) {
             auto& p = static_cast<P&>(pdu);
-            DtTaitBryan angles = (p.*Get)();
-            setAngle(angles, I, asNumber(v));
-            (p.*Set)(angles);
+            T value = (p.*Get)();
+            setPart(value, I, asNumber(v));
+            (p.*Set)(value);
           }};
 }
 
@@ -125,18 +111,18 @@ template <class P, auto Get, auto Set>
 void vectorFields(std::vector<FieldRule>& out, const char* name, unsigned long x, unsigned long y,
                   unsigned long z) {
   const std::string base = name;
-  out.push_back(component<P, Get, Set, 0>(base + ".x", x));
-  out.push_back(component<P, Get, Set, 1>(base + ".y", y));
-  out.push_back(component<P, Get, Set, 2>(base + ".z", z));
+  out.push_back(part<P, DtVector64, Get, Set, 0>(base + ".x", x));
+  out.push_back(part<P, DtVector64, Get, Set, 1>(base + ".y", y));
+  out.push_back(part<P, DtVector64, Get, Set, 2>(base + ".z", z));
 }
 
 // Tait-Bryan angles: psi under the heading bit, theta under pitch, phi under roll.
 template <class P, auto Get, auto Set>
 void angleFields(std::vector<FieldRule>& out, const char* name) {
   const std::string base = name;
-  out.push_back(angleOf<P, Get, Set, 0>(base + ".psi", DtVcIgnore::Heading));
-  out.push_back(angleOf<P, Get, Set, 1>(base + ".theta", DtVcIgnore::Pitch));
-  out.push_back(angleOf<P, Get, Set, 2>(base + ".phi", DtVcIgnore::Roll));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 0>(base + ".psi", DtVcIgnore::Heading));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 1>(base + ".theta", DtVcIgnore::Pitch));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 2>(base + ".phi", DtVcIgnore::Roll));
 }
 
 struct ModeRules {
@@ -157,14 +143,34 @@ void attachTarget(std::vector<FieldRule>& f) {
   f.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
 }
 
-// The heading and pitch offsets and the roll of the sphere modes share the group's offset bits and the
-// orientation's roll bit.
 template <class P>
-void sphereOffsets(std::vector<FieldRule>& f) {
+void headingPitch(std::vector<FieldRule>& f) {
+  f.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
+  f.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+}
+
+// The heading and pitch offsets of the group and sphere modes, under the group's offset bits.
+template <class P>
+void groupOffsets(std::vector<FieldRule>& f) {
   f.push_back(
       number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
   f.push_back(number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
+}
+
+// The sphere modes add the orientation's roll to those offsets.
+template <class P>
+void sphereOffsets(std::vector<FieldRule>& f) {
+  groupOffsets<P>(f);
   f.push_back(number<P, &P::roll, &P::setRoll>("roll", DtVcIgnore::Roll));
+}
+
+// Compass and pivot open their bodies with the same six fields.
+template <class P>
+void bodyAngles(std::vector<FieldRule>& f) {
+  f.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
+  f.push_back(number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
+  f.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+  sphereOffsets<P>(f);
 }
 
 // Tether-track and mimic-track: ride with one entity, look at another; they differ in their class and in the
@@ -205,11 +211,7 @@ std::vector<ModeRules> buildRules() {
     using P = DtCompassVCPdu;
     ModeRules m{DtVcCompass, &carries<P>, {}};
     attachTarget<P>(m.fields);
-    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-    m.fields.push_back(
-        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
-    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
-    sphereOffsets<P>(m.fields);
+    bodyAngles<P>(m.fields);
     all.push_back(std::move(m));
   }
   for (int command : {int{DtVcMimic}, int{DtVcOffsetMimic}}) {
@@ -227,8 +229,7 @@ std::vector<ModeRules> buildRules() {
     m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
     m.fields.push_back(
         number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
-    m.fields.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
-    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+    headingPitch<P>(m.fields);
     sphereOffsets<P>(m.fields);
     all.push_back(std::move(m));
   }
@@ -256,12 +257,8 @@ std::vector<ModeRules> buildRules() {
                         }});
     m.fields.push_back(
         number<P, &P::radialOffset, &P::setRadialOffset>("radialOffset", DtVcIgnore::GroupRadialOffset));
-    m.fields.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
-    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
-    m.fields.push_back(
-        number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
-    m.fields.push_back(
-        number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
+    headingPitch<P>(m.fields);
+    groupOffsets<P>(m.fields);
     all.push_back(std::move(m));
   }
   {
@@ -269,11 +266,7 @@ std::vector<ModeRules> buildRules() {
     ModeRules m{DtVcPivot, &carries<P>, {}};
     vectorFields<P, &P::pivotPoint, &P::setPivotPoint>(m.fields, "pivotPoint", kPositionX, kPositionY,
                                                        kPositionZ);
-    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-    m.fields.push_back(
-        number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
-    m.fields.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
-    sphereOffsets<P>(m.fields);
+    bodyAngles<P>(m.fields);
     all.push_back(std::move(m));
   }
   return all;
@@ -288,36 +281,25 @@ const ModeRules* rulesFor(int command) {
 
 unsigned long flagsOf(const DtVistralControlPdu& pdu) { return pdu.ignoreFlags() & 0xFFFFFFFFUL; }
 
-// How many list entries the image can hold past the list start: a stated count is believed no further.
-int entriesInImage(const DtVistralControlPdu& pdu, int listStart) {
-  return std::max(0, (pdu.length() - listStart) / kListStride);
-}
-
 // Edits the viewed group as a group or modeless PDU's lists say: a remove count of -1 replaces the whole
-// group with the entities to add.
+// group with the entities to add. Entries are read no further than the image reaches, whatever its counts
+// say.
 template <class P>
-void applyLists(DtEmulatorState& state, const P& pdu, int listStart) {
+void applyLists(DtEmulatorState& state, const P& pdu) {
   std::vector<std::string>& group = state.view.group;
-  const int room = entriesInImage(pdu, listStart);
-  const int removes = pdu.numEntitiesToRemove();
-  if (removes == -1) {
+  if (pdu.numEntitiesToRemove() == -1) {
     group.clear();
   } else {
-    for (int i = 0; i < std::min(removes, room); ++i) {
+    for (int i = 0, n = pdu.entitiesToRemoveInImage(); i < n; ++i) {
       const std::string name = pdu.entityToRemove(i).c_str();
       group.erase(std::remove(group.begin(), group.end(), name), group.end());
     }
   }
-  const int skipped = removes > 0 ? std::min(removes, room) : 0;
-  const int adds = std::min(pdu.numEntitiesToAdd(), room - skipped);
-  for (int i = 0; i < adds && group.size() < kMaxGroup; ++i) {
+  for (int i = 0, n = pdu.entitiesToAddInImage(); i < n && group.size() < kMaxGroup; ++i) {
     std::string name = pdu.entityToAdd(i).c_str();
     if (std::find(group.begin(), group.end(), name) == group.end()) group.push_back(std::move(name));
   }
 }
-
-constexpr int kGroupListStart = 188;
-constexpr int kModelessListStart = 292;
 
 }  // namespace
 
@@ -331,7 +313,7 @@ bool applyMode(DtEmulatorState& state, const DtVistralControlPdu& pdu) {
   const unsigned long flags = flagsOf(pdu);
   for (const FieldRule& field : rules->fields)
     if ((flags & field.bit) == 0) mode.fields[field.name] = field.read(pdu);
-  if (const auto* group = dynamic_cast<const DtGroupVCPdu*>(&pdu)) applyLists(state, *group, kGroupListStart);
+  if (const auto* group = dynamic_cast<const DtGroupVCPdu*>(&pdu)) applyLists(state, *group);
   return true;
 }
 
@@ -339,7 +321,7 @@ void applyModeless(DtEmulatorState& state, const DtModelessVCPdu& pdu) {
   const unsigned long flags = flagsOf(pdu);
   if ((flags & DtVcIgnore::FirstEntity) == 0) state.view.primary = pdu.primary().c_str();
   if ((flags & DtVcIgnore::SecondEntity) == 0) state.view.secondary = pdu.secondary().c_str();
-  if ((flags & DtVcIgnore::GroupLists) == 0) applyLists(state, pdu, kModelessListStart);
+  if ((flags & DtVcIgnore::GroupLists) == 0) applyLists(state, pdu);
 }
 
 void applyMove(DtEmulatorState& state, const DtMoveVCPdu& pdu) {
@@ -358,7 +340,7 @@ void applyMove(DtEmulatorState& state, const DtMoveVCPdu& pdu) {
   const unsigned long angleBits[3] = {DtVcIgnore::Heading, DtVcIgnore::Pitch, DtVcIgnore::Roll};
   for (int i = 0; i < 3; ++i) {
     if ((flags & positionBits[i]) == 0) eye.fields[kPosition[i]] = position[i];
-    if ((flags & angleBits[i]) == 0) eye.fields[kOrientation[i]] = angle(orientation, i);
+    if ((flags & angleBits[i]) == 0) eye.fields[kOrientation[i]] = partOf(orientation, i);
   }
   if ((flags & DtVcIgnore::Step) == 0) {
     ++eye.steps;

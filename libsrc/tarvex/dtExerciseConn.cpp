@@ -28,9 +28,6 @@ DtInteractionFactory::Creator DtInteractionFactory::find(const std::string& clas
 }
 
 namespace {
-constexpr const char* kInProcess = "inprocess";
-constexpr const char* kRti13 = "rti13";
-
 bool empty(const char* text) { return text == nullptr || *text == '\0'; }
 
 // Compared in line: the names are short, and a send asks for its class's twice. Reads no byte of text past
@@ -42,11 +39,25 @@ bool sameText(const std::string& known, const char* text) {
   return text[n] == '\0';
 }
 
-// The backend a connection uses: the one named, else the RTI for an execution name with a URL scheme.
-std::string chooseBackend(const std::string& execution, const char* backend) {
-  if (empty(backend)) return execution.find("://") != std::string::npos ? kRti13 : kInProcess;
-  if (std::strcmp(backend, kInProcess) == 0 || std::strcmp(backend, kRti13) == 0) return backend;
-  DT_THROW(std::string("Unknown federation backend '") + backend + "' (known: inprocess, rti13)");
+bool isUrl(const std::string& execution) { return execution.find("://") != std::string::npos; }
+bool anyName(const std::string& /*execution*/) { return true; }
+
+// The kinds of federation, in the order an execution name is offered to them when no backend is named: the
+// first that claims it is used, and the in-process federation, last, takes any name.
+const DtFederationKind kKinds[] = {
+    {"rti13", isUrl, DtJoinRti13Federation, true,
+     "the HLA 1.3 RTI backend, which this build does not have (configure with "
+     "-DVISTRAL_RTI13_ROOT=<prefix of an HLA 1.3 RTI>)"},
+    {"inprocess", anyName, DtJoinInProcessFederation, false, ""},
+};
+
+// The kind a connection uses: the one named, else the first that claims the execution name.
+const DtFederationKind& chooseKind(const std::string& execution, const char* backend) {
+  for (const DtFederationKind& kind : kKinds)
+    if (empty(backend) ? kind.claims(execution) : std::strcmp(backend, kind.name) == 0) return kind;
+  std::string known;
+  for (const DtFederationKind& kind : kKinds) known += std::string(known.empty() ? "" : ", ") + kind.name;
+  DT_THROW(std::string("Unknown federation backend '") + backend + "' (known: " + known + ")");
 }
 
 DtFomSource loadFom(const char* fedFile) {
@@ -99,18 +110,12 @@ struct DtExerciseConn::Impl {
     if (empty(federateName)) DT_THROW("An exercise connection needs a federate name");
     execution = executionName;
     federate = federateName;
-    const std::string kind = chooseBackend(executionName, backendName);
+    const DtFederationKind& kind = chooseKind(executionName, backendName);
+    if (rtiAmbassador != nullptr && !kind.takesAmbassador)
+      DT_THROW(std::string("The ") + kind.name + " backend takes no RTI ambassador");
     const DtFomSource fom = loadFom(fedFile);
-    if (kind == kRti13) {
-      backend = DtJoinRti13Federation(executionName, federateName, fom, rtiAmbassador, queue);
-      if (!backend)
-        DT_THROW(std::string("Execution ") + executionName +
-                 " needs the HLA 1.3 RTI backend, which this build does not have (configure with "
-                 "-DVISTRAL_RTI13_ROOT=<prefix of an HLA 1.3 RTI>)");
-    } else {
-      if (rtiAmbassador != nullptr) DT_THROW("Only the rti13 backend takes an RTI ambassador");
-      backend = DtJoinInProcessFederation(executionName, federateName, fom, queue);
-    }
+    backend = kind.join(executionName, federateName, fom, rtiAmbassador, queue);
+    if (!backend) DT_THROW(std::string("Execution ") + executionName + " needs " + kind.notBuilt);
     classes = backend->interactionClasses();
     states.resize(classes.size());
     for (std::size_t i = 0; i < classes.size(); ++i) indexOfHandle[classes[i]->handle()] = i;

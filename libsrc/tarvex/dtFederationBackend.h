@@ -33,9 +33,26 @@ struct DtFomSource {
   DtFedFile fom;
 };
 
+// Joins a federation of one kind. rtiAmbassador: an ambassador the application made, for the kinds that take
+// one (null otherwise). Null when this build does not have that kind.
+using DtFederationJoin = std::unique_ptr<DtFederationBackend> (*)(const std::string& execution,
+                                                                  const std::string& federate,
+                                                                  const DtFomSource& fom, void* rtiAmbassador,
+                                                                  DtIncomingQueue& queue);
+
+// One kind of federation a connection can join.
+struct DtFederationKind {
+  const char* name;  // the backend argument's and backendName()'s word for it
+  // Whether an execution name chooses this kind when no backend is named.
+  bool (*claims)(const std::string& execution);
+  DtFederationJoin join;
+  bool takesAmbassador;
+  const char* notBuilt;  // what a build without it lacks, and how to configure it in
+};
+
 std::unique_ptr<DtFederationBackend> DtJoinInProcessFederation(const std::string& execution,
                                                                const std::string& federate,
-                                                               const DtFomSource& fom,
+                                                               const DtFomSource& fom, void* rtiAmbassador,
                                                                DtIncomingQueue& queue);
 // Null when no RTI is built in.
 std::unique_ptr<DtFederationBackend> DtJoinRti13Federation(const std::string& execution,

@@ -132,6 +132,7 @@ SharedFederation joinOrCreate(const std::string& execution, const DtFomSource& s
 std::unique_ptr<DtFederationBackend> DtJoinInProcessFederation(const std::string& execution,
                                                                const std::string& /*federate*/,
                                                                const DtFomSource& fom,
+                                                               void* /*rtiAmbassador*/,
                                                                DtIncomingQueue& queue) {
   SharedFederation shared = joinOrCreate(execution, fom);
   return std::make_unique<InProcessFederate>(std::move(shared.federation), shared.status, queue);

@@ -1,0 +1,43 @@
+# Runs Doxygen and judges its warnings: any warning fails the build except members without documentation,
+# which may number at most ALLOWED (defaulted copy constructors and assignments need none). Prints the count either way, so the log says where the reference stands.
+# cmake -DDOXYGEN=... -DDOXYFILE=... -DLOG=... -DALLOWED=N -P runDoxygen.cmake
+string(TIMESTAMP started "%s")
+execute_process(COMMAND ${DOXYGEN} ${DOXYFILE} RESULT_VARIABLE result)
+string(TIMESTAMP finished "%s")
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "doxygen failed (${result})")
+endif()
+
+file(STRINGS ${LOG} lines REGEX "warning|error")
+set(members 0)
+set(others "")
+set(seen "")
+foreach(line IN LISTS lines)
+  # Doxygen repeats a base class's warning for each class that inherits the member; count each once.
+  list(FIND seen "${line}" at)
+  if(NOT at EQUAL -1)
+    continue()
+  endif()
+  list(APPEND seen "${line}")
+  # A defaulted copy constructor or assignment means what the language says it means.
+  if(line MATCHES ": warning: Member [^ ]+\\(const [^)]+ &[a-z]*\\)=default \\(function\\)")
+    continue()
+  endif()
+  if(line MATCHES ": warning: Member .* is not documented\\.$")
+    math(EXPR members "${members} + 1")
+  else()
+    string(APPEND others "${line}\n")
+  endif()
+endforeach()
+
+math(EXPR seconds "${finished} - ${started}")
+message(STATUS "Doxygen: ${seconds} s, ${members} undocumented public members (at most ${ALLOWED} accepted)")
+if(others)
+  message(FATAL_ERROR "Doxygen warnings:\n${others}")
+endif()
+if(members GREATER ALLOWED)
+  file(STRINGS ${LOG} undocumented REGEX "Member .* is not documented")
+  list(REMOVE_DUPLICATES undocumented)
+  list(JOIN undocumented "\n" undocumented)
+  message(FATAL_ERROR "${undocumented}\n${members} public members have no documentation; at most ${ALLOWED} may")
+endif()
