@@ -12,6 +12,10 @@ command -v g++ >/dev/null 2>&1 || need+=(g++)
 command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
 command -v clang-format >/dev/null 2>&1 || need+=(clang-format)
 command -v clang-tidy >/dev/null 2>&1 || need+=(clang-tidy)
+# A compiler cache, which the build uses when it is there: other build folders and clones share its hits.
+command -v ccache >/dev/null 2>&1 || need+=(ccache)
+# CERTI, one of the RTIs the scenario tests run on, needs the RPC library at run time.
+dpkg -s libtirpc3 >/dev/null 2>&1 || need+=(libtirpc3)
 # The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
 [ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
 [ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
