@@ -38,8 +38,8 @@ class DtFederationBackend {
 struct DtFomSource {
   std::string path;  // empty for the built-in FOM
   DtFedFile fom;
-  const DtFomMapper* mapper = nullptr;  // the connection's names for the FOM's, for backends that need them
   std::vector<std::string> modules;  // the FOM modules' paths, in the order given; empty for the built-in one
+  const DtFomMapper* mapper = nullptr;  // the connection's names for the FOM's, for backends that need them
 };
 
 // The FOM's interaction classes with handles of their positions: classes from 1 in FOM order, parameters from
