@@ -1,0 +1,310 @@
+// The live view's server. The emulator's thread only copies: PDU bytes into a ring as they arrive, the state
+// into a shared copy when it is due. Everything a page reads (text forms, JSON, pictures) is made from those
+// copies on the server's threads, once per version for all the pages that are open.
+#include "vistralemulator/emulatorLiveView.h"
+
+#include <httplib.h>
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include "vistralcontrol/vistralControlPdu.h"
+#include "vistralcontrol/vistralDrawControlPdu.h"
+#include "vistralemulator/emulatorPicture.h"
+#include "vistralemulator/emulatorSnapshot.h"
+
+using nlohmann::json;
+
+namespace {
+
+// Event streams held open at once; each holds one of the server's threads, so some are left for requests.
+constexpr int kMaxStreams = 4;
+constexpr int kThreads = kMaxStreams + 4;
+// A page hears from an idle stream this often, so that a dead connection is noticed.
+constexpr std::chrono::seconds kKeepAlive{10};
+// Requests carry no bodies worth the name.
+constexpr std::size_t kMaxPayload = 16 * 1024;
+
+struct LogEntry {
+  std::uint64_t sequence = 0;
+  std::vector<unsigned char> bytes;
+};
+
+// A logged image's text form, made on the server's thread through the library's receive path. The image
+// goes into a zero-tailed buffer, so that nothing past its bytes is read whatever its header says.
+std::string textForm(const std::vector<unsigned char>& bytes) {
+  thread_local std::vector<unsigned char> image(DtPdu::kMaxLength + 1);
+  const std::size_t kept = std::min(bytes.size(), image.size());
+  std::copy_n(bytes.begin(), kept, image.begin());
+  std::fill(image.begin() + static_cast<std::ptrdiff_t>(kept), image.end(), 0);
+  std::unique_ptr<DtPdu> made(DtVistralControlPdu::createFromNet(
+      reinterpret_cast<const DtNetPduHeader*>(image.data()), nullptr, nullptr));
+  const auto* pdu = dynamic_cast<const DtVistralControlPdu*>(made.get());
+  if (pdu == nullptr) return "not a control PDU (" + std::to_string(bytes.size()) + " bytes)";
+  return std::string(DtEmulatorModeName(pdu->viewerCommand())) + " " + pdu->string();
+}
+
+json valueJson(const DtEmulatorValue& value) {
+  return std::visit([](const auto& v) { return json(v); }, value);
+}
+
+// Host and port from "HOST:PORT" or "PORT".
+std::pair<std::string, int> parseAddress(const std::string& address) {
+  const std::size_t colon = address.rfind(':');
+  std::string host = colon == std::string::npos ? "127.0.0.1" : address.substr(0, colon);
+  const std::string port = colon == std::string::npos ? address : address.substr(colon + 1);
+  if (host.size() > 2 && host.front() == '[' && host.back() == ']') host = host.substr(1, host.size() - 2);
+  if (host.empty()) host = "127.0.0.1";
+  const bool digits = !port.empty() && port.size() <= 5 &&
+                      std::all_of(port.begin(), port.end(), [](char c) { return c >= '0' && c <= '9'; });
+  if (!digits || std::stoi(port) > 65535)
+    throw std::invalid_argument("not an address to listen on: '" + address + "' (HOST:PORT or PORT)");
+  return {host, std::stoi(port)};
+}
+
+}  // namespace
+
+struct DtEmulatorLiveView::Impl {
+  std::string host;
+  int port = 0;
+  std::string page;
+  std::chrono::milliseconds interval{40};
+  std::chrono::steady_clock::time_point lastPublish{};
+
+  // Shared with the emulator's thread, under mutex: the latest copy of the state and its version, the log
+  // ring and how much of it that copy has seen, the open streams, and whether the server is stopping.
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::shared_ptr<const DtEmulatorState> state = std::make_shared<DtEmulatorState>();
+  std::uint64_t version = 0;
+  std::vector<LogEntry> log = std::vector<LogEntry>(kLogSize);
+  std::uint64_t logged = 0;
+  std::uint64_t loggedAtPublish = 0;
+  int streams = 0;
+  bool stopping = false;
+
+  // The server's own: the document pages read, made once per version, and the text forms of logged PDUs.
+  std::mutex documentMutex;
+  std::uint64_t documentVersion = ~std::uint64_t{0};
+  std::string document;
+  std::map<std::uint64_t, std::string> texts;
+
+  httplib::Server server;
+  std::thread thread;
+
+  std::shared_ptr<const DtEmulatorState> current() {
+    std::lock_guard<std::mutex> lock(mutex);
+    return state;
+  }
+
+  // What a page shows, as one line of JSON: version, mode and fields, options, objects, counters, the log's
+  // text forms and the picture as SVG.
+  std::pair<std::uint64_t, std::string> liveDocument() {
+    std::lock_guard<std::mutex> building(documentMutex);
+    std::shared_ptr<const DtEmulatorState> s;
+    std::uint64_t v = 0;
+    std::vector<LogEntry> fresh;  // entries without a text form yet
+    std::vector<std::uint64_t> shown;
+    {
+      std::lock_guard<std::mutex> lock(mutex);
+      s = state;
+      v = version;
+      if (v == documentVersion) return {v, document};
+      const std::uint64_t first = loggedAtPublish > kLogSize ? loggedAtPublish - kLogSize : 0;
+      for (std::uint64_t seq = first; seq < loggedAtPublish; ++seq) {
+        shown.push_back(seq);
+        if (!texts.count(seq)) fresh.push_back(log[seq % kLogSize]);
+      }
+    }
+    for (const LogEntry& e : fresh) texts[e.sequence] = textForm(e.bytes);
+    texts.erase(texts.begin(), shown.empty() ? texts.end() : texts.lower_bound(shown.front()));
+
+    const DtEmulatorState& st = *s;
+    json out;
+    out["version"] = v;
+    out["viewerId"] = st.viewerId;
+    out["mode"] = DtEmulatorModeName(st.view.mode);
+    json fields = json::object();
+    if (const auto found = st.view.modes.find(st.view.mode); found != st.view.modes.end())
+      for (const auto& [name, value] : found->second.fields) fields[name] = valueJson(value);
+    out["fields"] = fields;
+    json options = json::object();
+    for (const auto& [name, value] : st.options) options[name] = valueJson(value);
+    out["options"] = options;
+    json objects = json::array();
+    for (const auto& [id, o] : st.objects)
+      objects.push_back({{"id", id},
+                         {"kind", DtEmulatorKindName(o.viewerCommand)},
+                         {"type", DtVistralDrawControlPdu::typeString(o.type)},
+                         {"visible", o.visible},
+                         {"shown", st.shown(o)},
+                         {"layers", o.layers},
+                         {"text", o.text}});
+    out["objects"] = objects;
+    out["counters"] = {{"received", st.counters.received},
+                       {"ignored", st.counters.ignored},
+                       {"answered", st.counters.answered},
+                       {"unknownTargets", st.counters.unknownTargets}};
+    json lines = json::array();
+    for (const std::uint64_t seq : shown) lines.push_back({{"seq", seq + 1}, {"text", texts[seq]}});
+    out["log"] = lines;
+    out["svg"] = DtEmulatorPictureSvg(st);
+    document = out.dump(-1, ' ', false, json::error_handler_t::replace);
+    documentVersion = v;
+    return {v, document};
+  }
+
+  void routes() {
+    const auto noStore = [](httplib::Response& res) { res.set_header("Cache-Control", "no-store"); };
+    server.Get("/", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      noStore(res);
+      res.set_content(page, "text/html; charset=utf-8");
+    });
+    server.Get("/state.json", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      noStore(res);
+      res.set_content(DtEmulatorSnapshotJson(*current()), "application/json");
+    });
+    server.Get("/live.json", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      noStore(res);
+      res.set_content(liveDocument().second, "application/json");
+    });
+    server.Get("/picture.svg", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      noStore(res);
+      res.set_content(DtEmulatorPictureSvg(*current()), "image/svg+xml");
+    });
+    server.Get("/picture.png", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      noStore(res);
+      res.set_content(DtEmulatorPicturePng(*current()), "image/png");
+    });
+    server.Get("/events", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      {
+        std::lock_guard<std::mutex> lock(mutex);
+        if (streams >= kMaxStreams) {
+          res.status = 503;
+          res.set_content("too many pages open\n", "text/plain");
+          return;
+        }
+        ++streams;
+      }
+      noStore(res);
+      res.set_chunked_content_provider(
+          "text/event-stream",
+          [this, sent = ~std::uint64_t{0}](std::size_t, httplib::DataSink& sink) mutable {
+            std::unique_lock<std::mutex> lock(mutex);
+            changed.wait_for(lock, kKeepAlive, [&] { return stopping || version != sent; });
+            if (stopping) {
+              lock.unlock();
+              static const char kGone[] = "event: gone\ndata: {}\n\n";
+              sink.write(kGone, sizeof kGone - 1);
+              sink.done();
+              return true;
+            }
+            if (version == sent) {
+              lock.unlock();
+              static const char kAlive[] = ": still here\n\n";
+              return sink.write(kAlive, sizeof kAlive - 1);
+            }
+            lock.unlock();
+            auto [v, text] = liveDocument();
+            sent = v;
+            const std::string message = "event: state\ndata: " + text + "\n\n";
+            return sink.write(message.data(), message.size());
+          },
+          [this](bool) {
+            std::lock_guard<std::mutex> lock(mutex);
+            --streams;
+            changed.notify_all();
+          });
+    });
+    // Unknown paths are 404; requests too long or not HTTP at all are 400, whatever finer status the
+    // library chose.
+    server.set_error_handler(
+        httplib::Server::HandlerWithResponse([](const httplib::Request&, httplib::Response& res) {
+          if (res.status == 413 || res.status == 414 || res.status == 431) res.status = 400;
+          res.set_content(res.status == 404   ? "not found\n"
+                          : res.status == 400 ? "bad request\n"
+                                              : "refused\n",
+                          "text/plain");
+          return httplib::Server::HandlerResponse::Handled;
+        }));
+  }
+};
+
+DtEmulatorLiveView::DtEmulatorLiveView(const std::string& address, std::string page)
+    : impl_(std::make_unique<Impl>()) {
+  Impl& m = *impl_;
+  std::tie(m.host, m.port) = parseAddress(address);
+  m.page = std::move(page);
+  m.server.new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
+  m.server.set_keep_alive_timeout(1);
+  m.server.set_read_timeout(2, 0);
+  m.server.set_write_timeout(2, 0);
+  m.server.set_payload_max_length(kMaxPayload);
+  m.routes();
+  const bool bound =
+      m.port == 0 ? (m.port = m.server.bind_to_any_port(m.host)) > 0 : m.server.bind_to_port(m.host, m.port);
+  if (!bound) throw std::runtime_error("cannot listen on " + address);
+  m.thread = std::thread([&m] { m.server.listen_after_bind(); });
+}
+
+DtEmulatorLiveView::~DtEmulatorLiveView() {
+  Impl& m = *impl_;
+  {
+    // Open pages hear that the viewer has gone before their connections close.
+    std::unique_lock<std::mutex> lock(m.mutex);
+    m.stopping = true;
+    m.changed.notify_all();
+    m.changed.wait_for(lock, std::chrono::seconds(2), [&] { return m.streams == 0; });
+  }
+  m.server.stop();
+  if (m.thread.joinable()) m.thread.join();
+}
+
+const std::string& DtEmulatorLiveView::host() const { return impl_->host; }
+int DtEmulatorLiveView::port() const { return impl_->port; }
+
+std::string DtEmulatorLiveView::url() const {
+  const bool v6 = impl_->host.find(':') != std::string::npos;
+  return "http://" + (v6 ? "[" + impl_->host + "]" : impl_->host) + ":" + std::to_string(impl_->port) + "/";
+}
+
+void DtEmulatorLiveView::setInterval(std::chrono::milliseconds interval) { impl_->interval = interval; }
+
+void DtEmulatorLiveView::logPdu(const DtVistralControlPdu& pdu) {
+  Impl& m = *impl_;
+  std::lock_guard<std::mutex> lock(m.mutex);
+  LogEntry& e = m.log[m.logged % kLogSize];
+  e.sequence = m.logged++;
+  e.bytes.resize(static_cast<std::size_t>(pdu.length()));  // reuses the slot's storage once it is warm
+  pdu.copyBytesAt(0, e.bytes.data(), pdu.length());
+}
+
+bool DtEmulatorLiveView::publish(const DtEmulatorState& state) {
+  Impl& m = *impl_;
+  const auto now = std::chrono::steady_clock::now();
+  if (now - m.lastPublish < m.interval) return false;
+  m.lastPublish = now;
+  auto copy = std::make_shared<const DtEmulatorState>(state);
+  std::shared_ptr<const DtEmulatorState> old;
+  {
+    std::lock_guard<std::mutex> lock(m.mutex);
+    old = std::move(m.state);
+    m.state = std::move(copy);
+    ++m.version;
+    m.loggedAtPublish = m.logged;
+  }
+  m.changed.notify_all();
+  return true;  // the old copy goes here, outside the lock, unless a page still reads it
+}
+
+std::uint64_t DtEmulatorLiveView::version() const {
+  std::lock_guard<std::mutex> lock(impl_->mutex);
+  return impl_->version;
+}
