@@ -4,8 +4,10 @@
 #include "vistralemulator/emulatorLiveView.h"
 
 #include <httplib.h>
+#include <sys/socket.h>
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <cstring>
 #include <map>
@@ -98,6 +100,7 @@ struct DtEmulatorLiveView::Impl {
 
   httplib::Server server;
   std::thread thread;
+  std::atomic<bool> listenEnded{false};
 
   std::shared_ptr<const DtEmulatorState> current() {
     std::lock_guard<std::mutex> lock(mutex);
@@ -247,11 +250,19 @@ DtEmulatorLiveView::DtEmulatorLiveView(const std::string& address, std::string p
   m.server.set_read_timeout(2, 0);
   m.server.set_write_timeout(2, 0);
   m.server.set_payload_max_length(kMaxPayload);
+  // A port another program (or another emulator) holds is refused, not shared: no SO_REUSEPORT.
+  m.server.set_socket_options([](socket_t sock) {
+    const int yes = 1;
+    ::setsockopt(sock, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+  });
   m.routes();
   const bool bound =
       m.port == 0 ? (m.port = m.server.bind_to_any_port(m.host)) > 0 : m.server.bind_to_port(m.host, m.port);
   if (!bound) throw std::runtime_error("cannot listen on " + address);
-  m.thread = std::thread([&m] { m.server.listen_after_bind(); });
+  m.thread = std::thread([&m] {
+    m.server.listen_after_bind();
+    m.listenEnded = true;
+  });
 }
 
 DtEmulatorLiveView::~DtEmulatorLiveView() {
@@ -263,6 +274,8 @@ DtEmulatorLiveView::~DtEmulatorLiveView() {
     m.changed.notify_all();
     m.changed.wait_for(lock, std::chrono::seconds(2), [&] { return m.streams == 0; });
   }
+  // A server stopped before it runs would run on: wait for it to run (or to have failed) first.
+  while (!m.server.is_running() && !m.listenEnded) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   m.server.stop();
   if (m.thread.joinable()) m.thread.join();
 }
