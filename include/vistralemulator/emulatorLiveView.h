@@ -37,13 +37,13 @@ class VISTRAL_EMULATOR_EXPORT DtEmulatorLiveView {
   // false, and takes nothing, when the last one is more recent than that.
   void logPdu(const DtVistralControlPdu& pdu);
   bool publish(const DtEmulatorState& state);
-  // How long publish() waits between copies (default 40 ms: a page is current within 100 ms of a change).
+  // How long publish() waits between copies (default 50 ms: a page is current within 100 ms of a change).
   void setInterval(std::chrono::milliseconds interval);
 
   // The number of copies handed over so far; pages see it as the state's version.
   std::uint64_t version() const;
   // The PDUs the log keeps, the newest last.
-  static constexpr std::size_t kLogSize = 200;
+  static constexpr std::size_t kLogSize = 100;
 
  private:
   struct Impl;

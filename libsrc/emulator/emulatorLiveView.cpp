@@ -4,7 +4,10 @@
 #include "vistralemulator/emulatorLiveView.h"
 
 #include <httplib.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -38,6 +41,15 @@ struct LogEntry {
   std::uint64_t sequence = 0;
   std::vector<unsigned char> bytes;
 };
+
+// The server's threads yield to the emulator's when the processors are busy: what they make is for people
+// watching, and can wait a little. Once per thread; Linux gives each thread its own nice value.
+void yieldToTheEmulator() {
+  thread_local bool done = false;
+  if (done) return;
+  done = true;
+  setpriority(PRIO_PROCESS, static_cast<id_t>(syscall(SYS_gettid)), 10);
+}
 
 // A logged image's text form, made on the server's thread through the library's receive path. The image
 // goes into a zero-tailed buffer, so that nothing past its bytes is read whatever its header says.
@@ -77,7 +89,7 @@ struct DtEmulatorLiveView::Impl {
   std::string host;
   int port = 0;
   std::string page;
-  std::chrono::milliseconds interval{40};
+  std::chrono::milliseconds interval{50};
   std::chrono::steady_clock::time_point lastPublish{};
 
   // Shared with the emulator's thread, under mutex: the latest copy of the state and its version, the log
@@ -91,11 +103,14 @@ struct DtEmulatorLiveView::Impl {
   std::uint64_t loggedAtPublish = 0;
   int streams = 0;
   bool stopping = false;
+  // The copy a new one replaced: freed by the server's threads, so that the emulator's thread only copies.
+  std::shared_ptr<const DtEmulatorState> retired;
 
   // The server's own: the document pages read, made once per version, and the text forms of logged PDUs.
   std::mutex documentMutex;
   std::uint64_t documentVersion = ~std::uint64_t{0};
   std::string document;
+  std::string pictureEvent;
   std::map<std::uint64_t, std::string> texts;
 
   httplib::Server server;
@@ -107,19 +122,26 @@ struct DtEmulatorLiveView::Impl {
     return state;
   }
 
-  // What a page shows, as one line of JSON: version, mode and fields, options, objects, counters, the log's
-  // text forms and the picture as SVG.
-  std::pair<std::uint64_t, std::string> liveDocument() {
+  // What a page shows: one line of JSON (version, mode and fields, options, objects, counters, the log's text
+  // forms) and, apart, the picture as SVG. Both are made once per version.
+  struct Document {
+    std::uint64_t version;
+    std::string state;
+    std::string pictureEvent;  // the SVG as an event's data lines
+  };
+  Document liveDocument() {
     std::lock_guard<std::mutex> building(documentMutex);
     std::shared_ptr<const DtEmulatorState> s;
     std::uint64_t v = 0;
     std::vector<LogEntry> fresh;  // entries without a text form yet
     std::vector<std::uint64_t> shown;
+    std::shared_ptr<const DtEmulatorState> done;
     {
       std::lock_guard<std::mutex> lock(mutex);
+      done = std::move(retired);
       s = state;
       v = version;
-      if (v == documentVersion) return {v, document};
+      if (v == documentVersion) return {v, document, pictureEvent};
       const std::uint64_t first = loggedAtPublish > kLogSize ? loggedAtPublish - kLogSize : 0;
       for (std::uint64_t seq = first; seq < loggedAtPublish; ++seq) {
         shown.push_back(seq);
@@ -158,35 +180,52 @@ struct DtEmulatorLiveView::Impl {
     json lines = json::array();
     for (const std::uint64_t seq : shown) lines.push_back({{"seq", seq + 1}, {"text", texts[seq]}});
     out["log"] = lines;
-    out["svg"] = DtEmulatorPictureSvg(st);
     document = out.dump(-1, ' ', false, json::error_handler_t::replace);
+    // Cheaper than escaping the SVG into the JSON: each of its lines becomes a data line of its own event.
+    std::string svg = DtEmulatorPictureSvg(st);
+    std::replace(svg.begin(), svg.end(), '\r', '\n');  // a lone CR would end a data line too
+    pictureEvent = "event: picture\n";
+    std::size_t at = 0;
+    while (at < svg.size()) {
+      std::size_t end = svg.find('\n', at);
+      if (end == std::string::npos) end = svg.size();
+      pictureEvent.append("data: ").append(svg, at, end - at).append("\n");
+      at = end + 1;
+    }
+    pictureEvent += "\n";
     documentVersion = v;
-    return {v, document};
+    return {v, document, pictureEvent};
   }
 
   void routes() {
     const auto noStore = [](httplib::Response& res) { res.set_header("Cache-Control", "no-store"); };
     server.Get("/", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       noStore(res);
       res.set_content(page, "text/html; charset=utf-8");
     });
     server.Get("/state.json", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       noStore(res);
       res.set_content(DtEmulatorSnapshotJson(*current()), "application/json");
     });
     server.Get("/live.json", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       noStore(res);
-      res.set_content(liveDocument().second, "application/json");
+      res.set_content(liveDocument().state, "application/json");
     });
     server.Get("/picture.svg", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       noStore(res);
       res.set_content(DtEmulatorPictureSvg(*current()), "image/svg+xml");
     });
     server.Get("/picture.png", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       noStore(res);
       res.set_content(DtEmulatorPicturePng(*current()), "image/png");
     });
     server.Get("/events", [this, noStore](const httplib::Request&, httplib::Response& res) {
+      yieldToTheEmulator();
       {
         std::lock_guard<std::mutex> lock(mutex);
         if (streams >= kMaxStreams) {
@@ -215,9 +254,9 @@ struct DtEmulatorLiveView::Impl {
               return sink.write(kAlive, sizeof kAlive - 1);
             }
             lock.unlock();
-            auto [v, text] = liveDocument();
-            sent = v;
-            const std::string message = "event: state\ndata: " + text + "\n\n";
+            const Document doc = liveDocument();
+            sent = doc.version;
+            const std::string message = "event: state\ndata: " + doc.state + "\n\n" + doc.pictureEvent;
             return sink.write(message.data(), message.size());
           },
           [this](bool) {
@@ -260,6 +299,7 @@ DtEmulatorLiveView::DtEmulatorLiveView(const std::string& address, std::string p
       m.port == 0 ? (m.port = m.server.bind_to_any_port(m.host)) > 0 : m.server.bind_to_port(m.host, m.port);
   if (!bound) throw std::runtime_error("cannot listen on " + address);
   m.thread = std::thread([&m] {
+    yieldToTheEmulator();
     m.server.listen_after_bind();
     m.listenEnded = true;
   });
@@ -295,8 +335,14 @@ void DtEmulatorLiveView::logPdu(const DtVistralControlPdu& pdu) {
   std::lock_guard<std::mutex> lock(m.mutex);
   LogEntry& e = m.log[m.logged % kLogSize];
   e.sequence = m.logged++;
-  e.bytes.resize(static_cast<std::size_t>(pdu.length()));  // reuses the slot's storage once it is warm
-  pdu.copyBytesAt(0, e.bytes.data(), pdu.length());
+  // The slot's storage is reused once it is warm; a short image is padded with zeros, as it is read.
+  const int length = pdu.length();
+  if (const unsigned char* bytes = pdu.bytesAt(0, length)) {
+    e.bytes.assign(bytes, bytes + length);
+  } else {
+    e.bytes.resize(static_cast<std::size_t>(length));
+    pdu.copyBytesAt(0, e.bytes.data(), length);
+  }
 }
 
 bool DtEmulatorLiveView::publish(const DtEmulatorState& state) {
@@ -305,16 +351,17 @@ bool DtEmulatorLiveView::publish(const DtEmulatorState& state) {
   if (now - m.lastPublish < m.interval) return false;
   m.lastPublish = now;
   auto copy = std::make_shared<const DtEmulatorState>(state);
-  std::shared_ptr<const DtEmulatorState> old;
+  std::shared_ptr<const DtEmulatorState> older;  // freed here only when no page took the last one away
   {
     std::lock_guard<std::mutex> lock(m.mutex);
-    old = std::move(m.state);
+    older = std::move(m.retired);
+    m.retired = std::move(m.state);
     m.state = std::move(copy);
     ++m.version;
     m.loggedAtPublish = m.logged;
   }
   m.changed.notify_all();
-  return true;  // the old copy goes here, outside the lock, unless a page still reads it
+  return true;
 }
 
 std::uint64_t DtEmulatorLiveView::version() const {
