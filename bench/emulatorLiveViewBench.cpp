@@ -10,6 +10,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -74,7 +75,15 @@ class Page {
   std::thread thread_;
 };
 
-void emulatorUnderLoad(benchmark::State& state, bool withView) {
+double threadCpuMicroseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) / 1e3;
+}
+
+// interleaved: the view is attached on every other tick only, and each half's processIncoming() is timed on
+// its own, so that both see the same load from the rest of the machine.
+void emulatorUnderLoad(benchmark::State& state, bool withView, bool interleaved = false) {
   static int run = 0;
   const std::string execution = "EmulatorLoad" + std::to_string(++run);
   DtVistralEmulator emulator(execution.c_str(), "vistral-1");
@@ -99,6 +108,7 @@ void emulatorUnderLoad(benchmark::State& state, bool withView) {
       sent;  // each tick's sending, and the state holding it
   std::size_t uncovered = 0;
   std::uint64_t lastVersion = 0;
+  double cpuWith = 0, cpuWithout = 0;
   auto next = Clock::now();
   unsigned id = 0;
   for (auto _ : state) {
@@ -116,9 +126,13 @@ void emulatorUnderLoad(benchmark::State& state, bool withView) {
       }
     }
     sent.emplace_back(Clock::now(), 0);
+    const bool attached = !interleaved || sent.size() % 2 == 0;
+    if (interleaved) emulator.setLiveView(attached ? view.get() : nullptr);
+    const double before = threadCpuMicroseconds();
     state.ResumeTiming();
     emulator.processIncoming();
     state.PauseTiming();
+    (attached ? cpuWith : cpuWithout) += threadCpuMicroseconds() - before;
     // A new version holds every tick applied since the last one.
     if (const std::uint64_t version = view ? view->version() : 0; version != lastVersion) {
       for (; uncovered < sent.size(); ++uncovered) sent[uncovered].second = version;
@@ -127,7 +141,11 @@ void emulatorUnderLoad(benchmark::State& state, bool withView) {
     state.ResumeTiming();
   }
   state.counters["PDUs/s"] = benchmark::Counter(kPdusPerTick * 1000.0 / kTick.count());
-  if (!view) return;
+  if (interleaved && cpuWithout > 0) state.counters["viewCostRatio"] = cpuWith / cpuWithout;
+  if (!view || interleaved) {
+    emulator.setLiveView(nullptr);
+    return;
+  }
   // The last changes are handed over once more traffic-free calls come, as the program's loop makes them.
   for (int i = 0; i < 20 && uncovered < sent.size(); ++i) {
     std::this_thread::sleep_for(kTick);
@@ -155,5 +173,9 @@ BENCHMARK(BM_EmulatorLoad)->Iterations(500)->Unit(benchmark::kMicrosecond);
 
 void BM_EmulatorLoad_Baseline(benchmark::State& state) { emulatorUnderLoad(state, false); }
 BENCHMARK(BM_EmulatorLoad_Baseline)->Iterations(500)->Unit(benchmark::kMicrosecond);
+
+// Both in one run, tick by tick: viewCostRatio is processIncoming()'s CPU time with the view over without.
+void BM_EmulatorLoadInterleaved(benchmark::State& state) { emulatorUnderLoad(state, true, true); }
+BENCHMARK(BM_EmulatorLoadInterleaved)->Iterations(1000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
