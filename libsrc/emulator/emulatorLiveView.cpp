@@ -35,7 +35,7 @@ constexpr int kThreads = kMaxStreams + 4;
 // A page hears from an idle stream this often, so that a dead connection is noticed.
 constexpr std::chrono::seconds kKeepAlive{10};
 // Requests carry no bodies worth the name.
-constexpr std::size_t kMaxPayload = 16 * 1024;
+constexpr std::size_t kMaxPayload = std::size_t{16} * 1024;
 
 struct LogEntry {
   std::uint64_t sequence = 0;

@@ -216,7 +216,8 @@ void spreadLabels(DtEmulatorScenePane& pane) {
     const double top = std::clamp(l.top, pane.top + 2, pane.top + pane.height - l.height - 2);
     Label moved = l;
     for (int step = 0; step < 41; ++step) {
-      const double shift = (step + 1) / 2 * l.height * (step % 2 == 1 ? 1 : -1);
+      const int lines = (step + 1) / 2;  // 0, 1, 1, 2, 2, ...: down and up in turn
+      const double shift = static_cast<double>(lines) * l.height * (step % 2 == 1 ? 1 : -1);
       moved.left = left;
       moved.top = top + shift;
       if (moved.top < pane.top || moved.top + moved.height > pane.top + pane.height) continue;
