@@ -19,6 +19,11 @@ dpkg -s libtirpc3 >/dev/null 2>&1 || need+=(libtirpc3)
 # The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
 [ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
 [ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
+# The emulator's live view: its HTTP server (cpp-httplib), and headless Chromium with Python for the browser
+# test (ctest -L browser). Chromium is large (about 290 MB installed); the test skips where it is missing.
+[ -f /usr/include/httplib.h ] || need+=(libcpp-httplib-dev)
+command -v chromium >/dev/null 2>&1 || need+=(chromium)
+command -v python3 >/dev/null 2>&1 || need+=(python3)
 # The API reference (the docs target): Doxygen, and Graphviz's dot for its class diagrams.
 command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 command -v dot >/dev/null 2>&1 || need+=(graphviz)

@@ -1,18 +1,24 @@
 // A headless viewer on a federation: takes the control PDUs addressed to its viewer id, answers requests for
 // its state (through its connection: over DIS, to the address or group it uses), and on leaving writes what
-// it would show (SVG, PNG) and its whole state (JSON).
+// it would show (SVG, PNG) and its whole state (JSON). With --http it shows all that live in a browser while
+// it runs.
 //
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
-//                   [--svg FILE] [--png FILE] [--json FILE] [--quiet] [--dump]
+//                   [--svg FILE] [--png FILE] [--json FILE] [--http [HOST:]PORT] [--quiet] [--dump]
 #include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
+#include <memory>
 #include <thread>
 
 #include "tarvex/dtCmdLine.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
+#include "vistralemulator/emulatorLiveView.h"
 #include "vistralemulator/emulatorPicture.h"
 #include "vistralemulator/emulatorSnapshot.h"
 #include "vistralemulator/vistralEmulator.h"
@@ -30,6 +36,20 @@ void printArrival(DtVistralControlInteraction* inter, void*) {
   std::cout << "received " << DtEmulatorModeName(pdu->viewerCommand()) << " for " << viewer << " from "
             << pdu->senderId() << " (" << pdu->length() << " bytes)\n";
   if (theDump) pdu->printData();
+}
+
+// The live view's page: beside the program in a build tree, in the data folder of an install.
+std::string livePage(const char* argv0) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path program = fs::read_symlink("/proc/self/exe", error);
+  if (error) program = fs::absolute(argv0, error);
+  const fs::path here = program.parent_path();
+  for (const fs::path& page : {here / "liveView.html", here / VISTRAL_PAGE_FROM_PROGRAM / "liveView.html"}) {
+    std::ifstream in(page, std::ios::binary);
+    if (in) return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
+  return {};
 }
 
 bool write(bool ok, const std::string& what, const std::string& path) {
@@ -57,6 +77,9 @@ int main(int argc, char** argv) {
   const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");
   const int png = cmd.addValue("png", "", "FILE", "write the picture as PNG on leaving", "");
   const int json = cmd.addValue("json", "", "FILE", "write the state snapshot as JSON on leaving", "");
+  const int http =
+      cmd.addValue("http", "", "[HOST:]PORT",
+                   "serve a live view of the viewer at http://HOST:PORT/ (HOST 127.0.0.1 unless given)", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
   const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
   switch (cmd.parse(argc, argv)) {
@@ -84,6 +107,22 @@ int main(int argc, char** argv) {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
     DtVistralEmulator emulator(cmd.value(federation).c_str(), cmd.value(viewer), fedFile);
     theDump = cmd.isSet(dump);
+    std::unique_ptr<DtEmulatorLiveView> live;
+    if (!cmd.value(http).empty()) {
+      std::string page = livePage(argv[0]);
+      if (page.empty()) {
+        std::cerr << "the live view's page (liveView.html) is not installed beside the program\n";
+        return 1;
+      }
+      try {
+        live = std::make_unique<DtEmulatorLiveView>(cmd.value(http), std::move(page));
+      } catch (const std::exception& e) {
+        std::cerr << e.what() << "\n";
+        return 2;
+      }
+      emulator.setLiveView(live.get());
+      std::cout << "live view at " << live->url() << std::endl;
+    }
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
     std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
@@ -94,6 +133,12 @@ int main(int argc, char** argv) {
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::removeCallback(emulator.connection(), &printArrival, nullptr);
     const DtEmulatorState& state = emulator.state();
+    if (live) {
+      // The pages show the last state, then hear that the viewer has gone.
+      emulator.setLiveView(nullptr);
+      live->setInterval(std::chrono::milliseconds(0));
+      live->publish(state);
+    }
     std::cout << "leaving in " << DtEmulatorModeName(state.view.mode) << " with " << state.objects.size()
               << " objects, " << state.counters.received << " PDUs received, " << state.counters.answered
               << " state reports sent\n";
@@ -104,6 +149,7 @@ int main(int argc, char** argv) {
       ok &= write(DtWriteEmulatorPicture(state, cmd.value(png)), "picture", cmd.value(png));
     if (!cmd.value(json).empty())
       ok &= write(DtWriteEmulatorSnapshot(state, cmd.value(json)), "snapshot", cmd.value(json));
+    live.reset();
     return ok ? 0 : 1;
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";
