@@ -149,8 +149,12 @@ struct Arg<T, std::enable_if_t<std::is_enum_v<T>>> {
   using Py = const py::object&;
   static T in(const py::object& v, const char* name) {
     if (py::isinstance<T>(v)) return v.cast<T>();
-    if (PyLong_Check(v.ptr()) && !PyBool_Check(v.ptr()))
-      return static_cast<T>(checkedInt<std::underlying_type_t<T>>(py::reinterpret_borrow<py::int_>(v), name));
+    // Another enumeration's value passes as its number: command numbers and draw-object types share a field.
+    if (!PyBool_Check(v.ptr()) && PyIndex_Check(v.ptr())) {
+      py::int_ number = py::reinterpret_steal<py::int_>(PyNumber_Index(v.ptr()));
+      if (!number) throw py::error_already_set();
+      return static_cast<T>(checkedInt<std::underlying_type_t<T>>(number, name));
+    }
     typeError(name, "an int or one of the enum's values", v);
   }
 };

@@ -335,7 +335,7 @@ def main():
         if rk == "ref":
             return "return py::cast(&(%s), py::return_value_policy::reference_internal, self_obj);" % call
         if rk == "objptr":
-            return "return py::cast(%s, py::return_value_policy::reference);" % call
+            return "return py::cast(%s, py::return_value_policy::reference_internal, self_obj);" % call
         return "return vpy::Out<%s>::out(%s);" % (decay(rt), call)
 
     def decay(t):
