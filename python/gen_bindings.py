@@ -142,7 +142,9 @@ def parse(path, classes):
         trailing = ""
         tm = re.search(r"//\s*(.*)$", decl)
         if tm:
-            trailing = tm.group(1)
+            trailing = re.sub(r"^NOLINT\S*:?\s*", "", tm.group(1))
+            if trailing == "implicit by design":
+                trailing = ""
             decl = decl[:tm.start()].strip()
         if "= 0;" in decl and ")" in decl:
             c.abstract = True
@@ -435,7 +437,10 @@ def main():
     def emit_ctors(c, var):
         if c.abstract:
             return
-        for k in c.ctors:
+        # Overloads whose parameters take any object (sequences, enums) come last, so that pybind11 tries the
+        # ones it can tell apart by type first.
+        loose = ("DtVector64", "DtTaitBryan", "std::vector", "DtGlobalObjectDesignatorList")
+        for k in sorted(c.ctors, key=lambda k: sum(any(x in p[0] for x in loose) for p in k["params"])):
             ps = k["params"]
             if any(p[0] in ("DtBufferPlaceHolder *", "const DtNetViewControlPdu *") for p in ps):
                 if all(p[2] is not None for p in ps):

@@ -2,6 +2,7 @@
 // drawing object, with every byte made by the C++ library. The classes' members come from the headers
 // (generated.cpp); this file binds what needs Python's own idiom: ownership, callbacks, bytes, with-blocks.
 #include <pybind11/pybind11.h>
+#include <pybind11/operators.h>
 #include <pybind11/stl.h>
 
 #include <algorithm>
@@ -16,7 +17,9 @@
 #include "tarvex/dtMessage.h"
 #include "vistralcontrol/hVistralControlInter.h"
 #include "vistralcontrol/orbitVcPdu.h"
+#include "vistralcontrol/vdcColor.h"
 #include "vistralcontrol/vdcRemoteDrawer.h"
+#include "vistralcontrol/vdcVector2D.h"
 #include "vistralcontrol/vistralControlRegister.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
 #include "vistralemulator/emulatorPicture.h"
@@ -441,6 +444,18 @@ PYBIND11_MODULE(_vistral, m) {
       py::arg("data"), "The PDU of the right class for a received image.");
 
   bindGenerated(m, pdu);
+  auto color = py::reinterpret_borrow<py::class_<DtVdcColor>>(m.attr("VdcColor"));
+  color.def(py::self == py::self);
+  color.def(py::self != py::self);
+  color.def("__repr__", [](const DtVdcColor& c) {
+    return "VdcColor(" + std::to_string(c.red()) + ", " + std::to_string(c.green()) + ", " +
+           std::to_string(c.blue()) + ", " + std::to_string(c.alpha()) + ")";
+  });
+  auto vec2 = py::reinterpret_borrow<py::class_<DtVdcVector2D>>(m.attr("VdcVector2D"));
+  vec2.def("__repr__", [](const DtVdcVector2D& v) {
+    return "VdcVector2D(" + std::string(py::repr(py::float_(v.x()))) + ", " +
+           std::string(py::repr(py::float_(v.y()))) + ")";
+  });
 
   m.def(
       "new_pdu",
