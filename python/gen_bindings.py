@@ -82,20 +82,29 @@ def parse(path, classes):
     stack = []  # classes open
     access = None
     comment = []
+    after_decl = False
+    file_doc = None
+    file_classes = []
     i = 0
     while i < len(lines):
         raw = lines[i]
         line = raw.strip()
         i += 1
         if not line:
+            if file_doc is None:
+                file_doc = " ".join(comment)
             comment = []
             continue
         if line.startswith("//"):
             text = line[2:].strip()
             if text.startswith("NOLINT"):
                 continue
+            if after_decl:  # a comment after declarations heads the next group
+                comment = []
+            after_decl = False
             comment.append(text)
             continue
+        after_decl = True
         if line.startswith("#"):
             continue
         m = re.match(r"^(class|struct)\s+(?:VISTRAL_EXPORT\s+)?(\w+)\s*(?::\s*public\s+(\w+))?\s*\{", line)
@@ -107,7 +116,9 @@ def parse(path, classes):
                     i += 1
                 comment = []
                 continue
-            c = Cls(m.group(2), m.group(3), header, " ".join(comment))
+            # A class without a comment of its own is the one the header's opening comment describes.
+            c = Cls(m.group(2), m.group(3), header, " ".join(comment) or (file_doc if not file_classes else ""))
+            file_classes.append(c.name)
             classes[c.name] = c
             stack = [c]
             access = "public" if m.group(1) == "struct" else "private"
