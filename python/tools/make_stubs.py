@@ -95,7 +95,11 @@ def emit_class(out, name, cls):
         if attr.startswith("_") and attr not in ("__init__", "__bytes__", "__len__", "__enter__", "__exit__",
                                                   "__getitem__", "__contains__", "__eq__", "__ne__"):
             continue
-        if is_enum and attr in cls.__members__:
+        if inspect.isclass(value) and value.__module__.startswith("vistral"):
+            nested = []
+            emit_class(nested, attr, value)
+            out.extend("    " + line if line else line for line in nested[:-1])
+        elif is_enum and attr in cls.__members__:
             out.append("    %s: typing.ClassVar[%s]" % (attr, name))
         elif isinstance(value, property):
             ret = "typing.Any"
