@@ -16,8 +16,8 @@ def stub_names(text):
         if isinstance(node, ast.ClassDef):
             names.add(node.name)
             for item in node.body:
-                if isinstance(item, (ast.FunctionDef, ast.AnnAssign)):
-                    target = item.name if isinstance(item, ast.FunctionDef) else item.target.id
+                if isinstance(item, (ast.FunctionDef, ast.ClassDef, ast.AnnAssign)):
+                    target = item.target.id if isinstance(item, ast.AnnAssign) else item.name
                     names.add(node.name + "." + target)
         elif isinstance(node, ast.FunctionDef):
             names.add(node.name)

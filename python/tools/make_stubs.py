@@ -67,7 +67,8 @@ def signatures(fn, name):
 def docline(obj):
     doc = inspect.getdoc(obj) or ""
     lines = [l for l in doc.split("\n") if l and not SIG.match(l.strip()) and l.strip() != "Overloaded function."]
-    return " ".join(lines).replace('"""', "'''").replace("\\", "\\\\")
+    text = " ".join(lines).split("Members:")[0].strip()  # pybind11's list of an enum's values
+    return text.replace('"""', "'''").replace("\\", "\\\\")
 
 
 def emit_function(out, indent, name, fn, static=False):

@@ -169,7 +169,7 @@ class GroupVCPdu(VistralControlPdu):
     def set_entity_to_remove(self, index: int, id: str) -> typing.Any: """Both getters fill one cache: copy the first result before asking for the second. An index outside the list gives an empty text, and is ignored by the setters."""
 
 class InitStatus():
-    """What a connection's construction did: made the federation execution, or joined one that existed. Members:   DtInitCreatedExecution :    DtInitJoinedExecution : """
+    """What a connection's construction did: made the federation execution, or joined one that existed."""
     DtInitCreatedExecution: typing.ClassVar[InitStatus]
     DtInitJoinedExecution: typing.ClassVar[InitStatus]
     def __eq__(self, other: typing.Any) -> bool: ...
@@ -259,7 +259,7 @@ class MoveVCPdu(VistralControlPdu):
     BACKWARDS: typing.ClassVar[Direction]
     DOWN: typing.ClassVar[Direction]
     class Direction():
-        """A direction to step or turn the eye in; one byte on the wire. Members:   LEFT :    RIGHT :    UP :    DOWN :    FORWARDS :    BACKWARDS : """
+        """A direction to step or turn the eye in; one byte on the wire."""
         BACKWARDS: typing.ClassVar[Direction]
         DOWN: typing.ClassVar[Direction]
         FORWARDS: typing.ClassVar[Direction]
@@ -622,7 +622,7 @@ class OrbitVCPdu(VistralControlPdu):
     def roll(self, value: typing.Any) -> None: ...
 
 class OverlayOption():
-    """How much on-screen overlay the viewer draws. Members:   DtOverlayNone :    DtOverlayMinimal :    DtOverlayFull : """
+    """How much on-screen overlay the viewer draws."""
     DtOverlayFull: typing.ClassVar[OverlayOption]
     DtOverlayMinimal: typing.ClassVar[OverlayOption]
     DtOverlayNone: typing.ClassVar[OverlayOption]
@@ -677,7 +677,7 @@ class RemoteController():
     BACKWARDS: typing.ClassVar[Direction]
     DOWN: typing.ClassVar[Direction]
     class Direction():
-        """Same values as the move PDU's directions, passed on unchanged. Members:   LEFT :    RIGHT :    UP :    DOWN :    FORWARDS :    BACKWARDS : """
+        """Same values as the move PDU's directions, passed on unchanged."""
         BACKWARDS: typing.ClassVar[Direction]
         DOWN: typing.ClassVar[Direction]
         FORWARDS: typing.ClassVar[Direction]
@@ -833,7 +833,7 @@ class RequestStateVCPdu(VistralControlPdu):
     def __init__(self) -> None: """The PDU's length in bytes."""
 
 class SmoothingOption():
-    """How the viewer smooths the motion of the entities it shows. Members:   DtSmoothingOff :    DtSmoothingLinear :    DtSmoothingCubic : """
+    """How the viewer smooths the motion of the entities it shows."""
     DtSmoothingCubic: typing.ClassVar[SmoothingOption]
     DtSmoothingLinear: typing.ClassVar[SmoothingOption]
     DtSmoothingOff: typing.ClassVar[SmoothingOption]
@@ -921,7 +921,7 @@ class Vdc3DAttachPoint():
     DtVdcAttachLocation: typing.ClassVar[VdcAttachKind]
     DtVdcAttachNone: typing.ClassVar[VdcAttachKind]
     class VdcAttachKind():
-        """The values attachmentType() returns. Members:   DtVdcAttachNone :    DtVdcAttachLocation :    DtVdcAttachEntity :    DtVdcAttachDrawObject : """
+        """The values attachmentType() returns."""
         DtVdcAttachDrawObject: typing.ClassVar[VdcAttachKind]
         DtVdcAttachEntity: typing.ClassVar[VdcAttachKind]
         DtVdcAttachLocation: typing.ClassVar[VdcAttachKind]
@@ -1031,7 +1031,7 @@ class VdcAttachablePdu(VistralDrawControlPdu):
     DtVcObjectNoAttach: typing.ClassVar[VcObjectAttachment]
     DtVcObjectNoAttachNoAttach: typing.ClassVar[VcObjectAttachment]
     class VcObjectAttachment():
-        """Which anchors are used: anchor 1, then anchor 2 where there is one. Members:   DtVcObjectNoAttach :    DtVcObjectNoAttachNoAttach :    DtVcObjectAttachedToEntity :    DtVcObjectAttachedToObject :    DtVcObjectAttachedToEntityNoAttach :    DtVcObjectAttachedToObjectNoAttach :    DtVcObjectAttachedToNoAttachEntity :    DtVcObjectAttachedToNoAttachObject :    DtVcObjectAttachedToEntityObject :    DtVcObjectAttachedToObjectEntity :    DtVcObjectAttachedToEntityEntity :    DtVcObjectAttachedToObjectObject : """
+        """Which anchors are used: anchor 1, then anchor 2 where there is one."""
         DtVcObjectAttachedToEntity: typing.ClassVar[VcObjectAttachment]
         DtVcObjectAttachedToEntityEntity: typing.ClassVar[VcObjectAttachment]
         DtVcObjectAttachedToEntityNoAttach: typing.ClassVar[VcObjectAttachment]
@@ -1243,7 +1243,7 @@ class VdcAttributeTemplateObject(VdcObject):
     DtVdcAttTypeSingleValue: typing.ClassVar[VdcAttributeType]
     DtVdcAttTypeValueBar: typing.ClassVar[VdcAttributeType]
     class VdcAttributeType():
-        """What one attribute shows; each kind has its own template PDU type. Members:   DtVdcAttTypeNoValue : a label only   DtVdcAttTypeSingleValue : one number   DtVdcAttTypeValueBar : one number shown as a bar between a minimum and a maximum   DtVdcAttTypeGraphPoint : an x, y point of a graph   DtVdcAttTypeBitmap : a bitmap named by text"""
+        """What one attribute shows; each kind has its own template PDU type."""
         DtVdcAttTypeBitmap: typing.ClassVar[VdcAttributeType]
         DtVdcAttTypeGraphPoint: typing.ClassVar[VdcAttributeType]
         DtVdcAttTypeNoValue: typing.ClassVar[VdcAttributeType]
@@ -1628,7 +1628,7 @@ class VdcLinePdu(VdcAttachablePdu):
     DtVdcStyleArrowStart: typing.ClassVar[VdcLineArrowStyle]
     DtVdcStyleNoArrow: typing.ClassVar[VdcLineArrowStyle]
     class VdcLineAppearance():
-        """How a segment is drawn. Members:   DtVdcLineAppearanceStraight :    DtVdcLineAppearanceLightning : """
+        """How a segment is drawn."""
         DtVdcLineAppearanceLightning: typing.ClassVar[VdcLineAppearance]
         DtVdcLineAppearanceStraight: typing.ClassVar[VdcLineAppearance]
         def __eq__(self, other: typing.Any) -> bool: ...
@@ -1645,7 +1645,7 @@ class VdcLinePdu(VdcAttachablePdu):
         @property
         def value(self) -> int: ...
     class VdcLineArrowStyle():
-        """Which ends of a segment carry an arrowhead. Members:   DtVdcStyleNoArrow :    DtVdcStyleArrowEnd :    DtVdcStyleArrowStart :    DtVdcStyleArrowDouble : """
+        """Which ends of a segment carry an arrowhead."""
         DtVdcStyleArrowDouble: typing.ClassVar[VdcLineArrowStyle]
         DtVdcStyleArrowEnd: typing.ClassVar[VdcLineArrowStyle]
         DtVdcStyleArrowStart: typing.ClassVar[VdcLineArrowStyle]
@@ -1718,7 +1718,7 @@ class VdcLineSegment():
     DtVdcSegmentNoArrow: typing.ClassVar[VdcSegmentArrowStyle]
     DtVdcSegmentStraight: typing.ClassVar[VdcSegmentStyle]
     class VdcSegmentArrowStyle():
-        """Which ends of the segment carry an arrowhead. Members:   DtVdcSegmentNoArrow :    DtVdcSegmentArrowEnd :    DtVdcSegmentArrowStart :    DtVdcSegmentArrowDouble : """
+        """Which ends of the segment carry an arrowhead."""
         DtVdcSegmentArrowDouble: typing.ClassVar[VdcSegmentArrowStyle]
         DtVdcSegmentArrowEnd: typing.ClassVar[VdcSegmentArrowStyle]
         DtVdcSegmentArrowStart: typing.ClassVar[VdcSegmentArrowStyle]
@@ -1737,7 +1737,7 @@ class VdcLineSegment():
         @property
         def value(self) -> int: ...
     class VdcSegmentStyle():
-        """How the segment is drawn. Members:   DtVdcSegmentStraight :    DtVdcSegmentLightning : the only style the line PDU marks"""
+        """How the segment is drawn."""
         DtVdcSegmentLightning: typing.ClassVar[VdcSegmentStyle]
         DtVdcSegmentStraight: typing.ClassVar[VdcSegmentStyle]
         def __eq__(self, other: typing.Any) -> bool: ...
@@ -1761,7 +1761,7 @@ class VdcLineSegment():
     def color(self) -> typing.Any: """The segment's look: colour, 32-bit dash pattern, thickness, share of the length, style and arrowheads."""
 
 class VdcObjectType():
-    """What a draw-control PDU draws or does. The numbering has gaps on purpose (no 2554: 2553 is the plain area, 2555 the 3D area); the group values are the viewer commands of the classes that carry them. Members:   DtVdcUndefined :    DtVdcCommand :    DtVdcCommandRemove :    DtVdcCommandHide :    DtVdcCommandShow :    DtVdcCommandAddToLayer :    DtVdcCommandRemoveFromLayer :    DtVdcLine :    DtVdc2DLine :    DtVdc3DLine :    DtVdcSegmentedLine :    DtVdc2DSegmentedLine :    DtVdc3DSegmentedLine :    DtVdcPolyObject :    DtVdcCircle :    DtVdcSphere :    DtVdcSquare :    DtVdcCube :    DtVdcCylinder :    DtVdcTriangle :    DtVdc2DTriangle :    DtVdc3DTriangle :    DtVdcArea :    DtVdc3DArea :    DtVdcText :    DtVdc2DText :    DtVdc3DText :    DtVdcAttribute :    DtVdcAttributeGroupTemplate :    DtVdcAttributeGroup :    DtVdcAttributeNoValue :    DtVdcAttributeSingleValue :    DtVdcAttributeGraphicSingleValue :    DtVdcAttributeGraphicListValue :    DtVdcAttributeBitmap :    DtVdcAttributeUpdate :    DtVdcAttributeValueSet :    DtVdcAttributeValueReset :    DtVdcAttributeValueSetText :    DtVdcLayer : """
+    """What a draw-control PDU draws or does. The numbering has gaps on purpose (no 2554: 2553 is the plain area, 2555 the 3D area); the group values are the viewer commands of the classes that carry them."""
     DtVdc2DLine: typing.ClassVar[VdcObjectType]
     DtVdc2DSegmentedLine: typing.ClassVar[VdcObjectType]
     DtVdc2DText: typing.ClassVar[VdcObjectType]
@@ -2017,7 +2017,7 @@ class VdcVector2D():
     def vector3d(self) -> typing.Any: """(x, y, 0)."""
 
 class ViewerCommand():
-    """A viewer command number; DtEnumString names it ("VcOrbit"). Members:   DtVcAbsolute :    DtVcTether :    DtVcCompass :    DtVcMimic :    DtVcOffsetMimic :    DtVcOrbit :    DtVcTrack :    DtVcTetherTrack :    DtVcMimicTrack :    DtVcGroup :    DtVcModeless :    DtVcOptions :    DtVcPivot :    DtVcMove :    DtVcRequestState :    DtVcAbsoluteStatus :    DtVcTetherStatus :    DtVcCompassStatus :    DtVcMimicStatus :    DtVcOffsetMimicStatus :    DtVcOrbitStatus :    DtVcTrackStatus :    DtVcTetherTrackStatus :    DtVcMimicTrackStatus :    DtVcGroupStatus :    DtVcModelessStatus :    DtVcPivotStatus :    DtVcDrawCommand :    DtVcDrawLine :    DtVcDrawSegmentedLine :    DtVcDrawPolyObject :    DtVcDrawTriangle :    DtVcDrawArea :    DtVcDrawText :    DtVcDrawAttribute :    DtVcDrawAttributeUpdate :    DtVcDrawLayer : """
+    """A viewer command number; DtEnumString names it ("VcOrbit")."""
     DtVcAbsolute: typing.ClassVar[ViewerCommand]
     DtVcAbsoluteStatus: typing.ClassVar[ViewerCommand]
     DtVcCompass: typing.ClassVar[ViewerCommand]
@@ -2070,7 +2070,7 @@ class ViewerCommand():
     def value(self) -> int: ...
 
 class VistralControlFeatureCommand():
-    """What the feature option does with the feature file it names. Members:   DtVistralControlFeatureLoad :    DtVistralControlFeatureClear : """
+    """What the feature option does with the feature file it names."""
     DtVistralControlFeatureClear: typing.ClassVar[VistralControlFeatureCommand]
     DtVistralControlFeatureLoad: typing.ClassVar[VistralControlFeatureCommand]
     def __eq__(self, other: typing.Any) -> bool: ...
@@ -2088,7 +2088,7 @@ class VistralControlFeatureCommand():
     def value(self) -> int: ...
 
 class VistralControlVideoCaptureCommand():
-    """What the video capture option tells the viewer's recorder to do. Members:   DtVistralControlVideoCaptureStop :    DtVistralControlVideoCapturePause :    DtVistralControlVideoCaptureUnpause :    DtVistralControlVideoCaptureRecord : """
+    """What the video capture option tells the viewer's recorder to do."""
     DtVistralControlVideoCapturePause: typing.ClassVar[VistralControlVideoCaptureCommand]
     DtVistralControlVideoCaptureRecord: typing.ClassVar[VistralControlVideoCaptureCommand]
     DtVistralControlVideoCaptureStop: typing.ClassVar[VistralControlVideoCaptureCommand]
@@ -2108,7 +2108,7 @@ class VistralControlVideoCaptureCommand():
     def value(self) -> int: ...
 
 class VistralOption():
-    """Option numbers, which are also the presence bits. Numbers from 28 on are the static members of DtOptionsPdu. Members:   DtVistralOverlay :    DtVistralLocatorRange :    DtVistralSmoothing :    DtVistralSmoothingPeriod :    DtVistralSound :    DtVistralEntityLabels :    DtVistralTrailingEffects :    DtVistralTrajectoryHistory :    DtVistralRecording :    DtVistralAggregateLevel :    DtVistralAggregateHighestOnly :    DtVistralAggregatesAltitudeControlled :    DtVistralNestedAggregates :    DtVistralNestedEntities :    DtVistralGroundClamping :    DtVistralClampRange :    DtVistralFollowGround :    DtVistralConstrainWithFloor :    DtVistralFloor :    DtVistralTimeOfDay :    DtVistralNearClip :    DtVistralFarClip :    DtVistralFov :    DtVistralFog :    DtVistralNearFog :    DtVistralFarFog :    DtVistralTexture :    DtVistralDatabaseToLoad : """
+    """Option numbers, which are also the presence bits. Numbers from 28 on are the static members of DtOptionsPdu."""
     DtVistralAggregateHighestOnly: typing.ClassVar[VistralOption]
     DtVistralAggregateLevel: typing.ClassVar[VistralOption]
     DtVistralAggregatesAltitudeControlled: typing.ClassVar[VistralOption]
