@@ -186,6 +186,18 @@ template <class T>
 struct Opt {
   static std::optional<T> in(const py::object& v, const char* name) {
     if (v.is_none()) return std::nullopt;
+    // The common cases without pybind11's general conversion: a float or int for a number, a str for text.
+    if constexpr (std::is_floating_point_v<T>) {
+      if (PyFloat_CheckExact(v.ptr())) return Arg<T>::in(PyFloat_AS_DOUBLE(v.ptr()), name);
+    }
+    if constexpr (std::is_same_v<T, DtString>) {
+      if (PyUnicode_Check(v.ptr())) {
+        Py_ssize_t size = 0;
+        const char* text = PyUnicode_AsUTF8AndSize(v.ptr(), &size);
+        if (text == nullptr) throw py::error_already_set();
+        return DtString(text, static_cast<std::size_t>(size));
+      }
+    }
     if constexpr (std::is_same_v<Py<T>, const py::object&>) {
       return Arg<T>::in(v, name);
     } else {

@@ -1,8 +1,8 @@
 // The vistral Python module: connections, the controller, the drawer, the emulator and every PDU class and
 // drawing object, with every byte made by the C++ library. The classes' members come from the headers
 // (generated.cpp); this file binds what needs Python's own idiom: ownership, callbacks, bytes, with-blocks.
-#include <pybind11/pybind11.h>
 #include <pybind11/operators.h>
+#include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
 #include <algorithm>
