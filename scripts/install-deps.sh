@@ -15,6 +15,10 @@ command -v clang-tidy >/dev/null 2>&1 || need+=(clang-tidy)
 # The viewer emulator's pictures (Cairo: SVG and PNG from one drawing routine) and snapshot (nlohmann-json).
 [ -f /usr/include/cairo/cairo-svg.h ] || need+=(libcairo2-dev)
 [ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
+# The Python module (pybind11, built for the system's Python) and its tests.
+[ -f /usr/include/pybind11/pybind11.h ] || need+=(pybind11-dev)
+ls /usr/include/python3*/Python.h >/dev/null 2>&1 || need+=(python3-dev)
+/usr/bin/python3 -c 'import pytest' >/dev/null 2>&1 || need+=(python3-pytest)
 # The API reference (the docs target): Doxygen, and Graphviz's dot for its class diagrams.
 command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 command -v dot >/dev/null 2>&1 || need+=(graphviz)
