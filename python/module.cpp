@@ -36,6 +36,15 @@ namespace vpy {
 namespace {
 py::object errorType;
 py::object pendingError;  // (type, value, traceback) of the first error kept
+int callbackDepth = 0;    // Python code the library is calling, nested
+
+// Marks Python code running inside a library call: nothing may be closed under the library's feet.
+struct InCallback {
+  InCallback() { ++callbackDepth; }
+  ~InCallback() { --callbackDepth; }
+  InCallback(const InCallback&) = delete;
+  InCallback& operator=(const InCallback&) = delete;
+};
 
 const char* opt(const std::string& s) { return s.empty() ? nullptr : s.c_str(); }
 }  // namespace
@@ -116,6 +125,7 @@ int Connection::processIncoming() {
 
 void PySender::sendPdu(const unsigned char* bytes, int length) {
   if (pendingError) return;
+  InCallback inside;
   try {
     fn_(py::bytes(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)));
   } catch (py::error_already_set& e) {
@@ -168,6 +178,7 @@ void Controller::close() {
 void Controller::trampoline(const DtVistralControlPdu& pdu, void* usr) {
   auto* entry = static_cast<Entry*>(usr);
   // Callbacks after a failed one still run; only the first error is raised.
+  InCallback inside;
   try {
     entry->fn(py::cast(copyPdu(pdu)));
   } catch (py::error_already_set& e) {
@@ -241,7 +252,6 @@ class Drawer : public Dependent {
       }
       held_.clear();
       drawer_.reset();
-      raisePendingQuietly();
     }
     if (conn_ != nullptr) conn_->detach(this);
     conn_ = nullptr;
@@ -294,9 +304,6 @@ class Drawer : public Dependent {
   std::size_t size() const { return held_.size(); }
 
  private:
-  static void raisePendingQuietly() {
-    if (pendingError) raisePending();
-  }
   Connection* conn_ = nullptr;
   std::unique_ptr<PySender> sender_;
   std::unique_ptr<DtVistralRemoteDrawer> drawer_;
@@ -336,11 +343,19 @@ class Emulator : public Dependent {
   std::unique_ptr<DtVistralEmulator> emu_;
 };
 
+// close() and the end of a with-block, refused inside a callback: the library is still using the object.
 template <class W>
-void bindWith(py::class_<W>& cls) {
-  cls.def("__enter__", [](py::object self) { return self; });
-  cls.def("__exit__", [](W& self, py::args) {
+void bindWith(py::class_<W>& cls, const char* doc) {
+  auto close = [](W& self) {
+    if (callbackDepth > 0)
+      raise("cannot close from inside a callback; close after process_incoming() returns");
     self.close();
+    raisePending();
+  };
+  cls.def("close", close, doc);
+  cls.def("__enter__", [](py::object self) { return self; });
+  cls.def("__exit__", [close](W& self, py::args) {
+    close(self);
     return false;
   });
 }
@@ -483,8 +498,7 @@ PYBIND11_MODULE(_vistral, m) {
            }),
            py::arg("execution_name"), py::arg("federate_name") = "vistral-python", py::kw_only(),
            py::arg("fed_file") = "", py::arg("backend") = "");
-  bindWith(conn);
-  conn.def("close", &Connection::close, "Closes what uses the connection, then resigns.");
+  bindWith(conn, "Closes what uses the connection, then resigns.");
   conn.def_property_readonly("closed", &Connection::closed);
   conn.def("process_incoming", &Connection::processIncoming,
            "Delivers what has arrived; raises what a callback raised. Returns the interactions handled.");
@@ -528,8 +542,7 @@ PYBIND11_MODULE(_vistral, m) {
           py::arg("sender") = py::none(), py::arg("execution_name") = "",
           py::arg("federate_name") = "vistral-python", py::arg("fed_file") = "", py::arg("backend") = "",
           py::keep_alive<1, 2>());
-  bindWith(ctl);
-  ctl.def("close", &Controller::close);
+  bindWith(ctl, "Removes its callbacks and lets go of the connection (resigning one of its own).");
   ctl.def("add_callback", &Controller::addCallback, py::arg("callback"), py::arg("viewer") = "0:0:0",
           "Calls callback(pdu) for each PDU heard from the viewer (\"0:0:0\": from any).");
   ctl.def("remove_callback", &Controller::removeCallback, py::arg("callback"), py::arg("viewer") = "0:0:0");
@@ -561,8 +574,7 @@ PYBIND11_MODULE(_vistral, m) {
           py::arg("connection") = py::none(), py::arg("receiver_id") = "0:0:0", py::arg("first_id") = 1,
           py::kw_only(), py::arg("sender") = py::none(), py::arg("sender_id") = "vistral-python",
           py::keep_alive<1, 2>());
-  bindWith(drw);
-  drw.def("close", &Drawer::close, "Removes every object still held (on the viewer too) and lets go.");
+  bindWith(drw, "Removes every object still held (on the viewer too) and lets go.");
   drw.def("next_id", [](Drawer& d) { return d.get().nextId(); });
   drw.def("add", &Drawer::add, py::arg("obj"), "Holds the object and sends it.");
   drw.def("remove", &Drawer::remove, py::arg("object_id"),
@@ -618,8 +630,7 @@ PYBIND11_MODULE(_vistral, m) {
           }),
           py::arg("connection") = py::none(), py::arg("viewer_id") = "vistral-1", py::kw_only(),
           py::arg("execution_name") = "", py::arg("fed_file") = "", py::keep_alive<1, 2>());
-  bindWith(emu);
-  emu.def("close", &Emulator::close);
+  bindWith(emu, "Leaves the federation (resigning a connection of its own).");
   emu.def("process_incoming", &Emulator::processIncoming);
   emu.def(
       "apply", [](Emulator& e, const DtVistralControlPdu& p) { e.get().apply(p); }, py::arg("pdu"),

@@ -158,6 +158,15 @@ def test_a_raising_callback_reaches_the_caller_of_process_incoming(session):
     assert conn.process_incoming() == 0  # the error was raised once, and the process goes on
     assert c.remove_callback(boom, "vistral-1") and not c.remove_callback(boom, "vistral-1")
 
+    # Closing what the library is using, from inside its callback, is refused.
+    c.add_callback(lambda pdu: conn.close())
+    c.request_current_view_mode("vistral-1")
+    sync()
+    emulator.process_incoming()
+    with pytest.raises(vistral.Error, match="cannot close from inside a callback"):
+        conn.process_incoming()
+    assert not conn.closed
+
 
 def test_custom_sender_gets_each_commands_bytes_and_its_errors_are_raised():
     frames = []

@@ -116,7 +116,7 @@ class Emulator():
     def __init__(self, connection: typing.Any = ..., viewer_id: str = ..., *, execution_name: str = ..., fed_file: str = ...) -> None: ...
     def apply(self, pdu: VistralControlPdu) -> None: """Takes one PDU as if it had arrived."""
     def apply_bytes(self, data: bytes) -> None: """Takes a received image through the library's receive path."""
-    def close(self) -> None: ...
+    def close(self) -> None: """Leaves the federation (resigning a connection of its own)."""
     def png(self) -> bytes: """The picture as PNG bytes."""
     def process_incoming(self) -> int: ...
     @property
@@ -707,7 +707,7 @@ class RemoteController():
     def add_callback(self, callback: typing.Any, viewer: str = ...) -> None: """Calls callback(pdu) for each PDU heard from the viewer ("0:0:0": from any)."""
     def add_to_group(self, list: typing.Any) -> typing.Any: """Modeless commands on the viewed group: replace it with the list, add the list to it, or remove the list from it."""
     def clear_features(self) -> typing.Any: """Viewer options: each sends one options PDU with one option set."""
-    def close(self) -> None: ...
+    def close(self) -> None: """Removes its callbacks and lets go of the connection (resigning one of its own)."""
     @property
     def controller_id(self) -> typing.Any: """The sender id stamped into every command; the viewer's reports name it."""
     @controller_id.setter
