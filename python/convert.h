@@ -59,6 +59,73 @@ inline std::array<double, 3> triple(const py::handle& value, const char* name, c
   return out;
 }
 
+// How each value type is spelled in signatures, docstrings and stubs.
+template <class T, class Enable = void>
+struct PyName {  // a bound class or enumeration: its Python class
+  static constexpr auto name = py::detail::make_caster<T>::name;
+};
+#define VPY_NAME(T, text)                                      \
+  template <>                                                  \
+  struct PyName<T> {                                           \
+    static constexpr auto name = py::detail::const_name(text); \
+  }
+VPY_NAME(DtString, "str");
+VPY_NAME(bool, "bool");
+VPY_NAME(float, "float");
+VPY_NAME(double, "float");
+VPY_NAME(DtVector64, "tuple[float, float, float]");
+VPY_NAME(DtTaitBryan, "tuple[float, float, float]");
+VPY_NAME(std::vector<DtVector64>, "list[tuple[float, float, float]]");
+VPY_NAME(DtGlobalObjectDesignatorList, "list[str]");
+VPY_NAME(unsigned char*, "tuple[int, int, int, int]");
+#undef VPY_NAME
+template <class T>
+struct PyName<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>> {
+  static constexpr auto name = py::detail::const_name("int");
+};
+template <>
+struct PyName<DtNetU32> : PyName<unsigned int> {};
+template <class T>
+struct PyName<std::optional<T>> {
+  static constexpr auto name =
+      py::detail::const_name("typing.Optional[") + PyName<T>::name + py::detail::const_name("]");
+};
+
+// A parameter taken as any object (checked by Arg) but named for its type, and a result so named.
+template <class T>
+struct In {
+  py::object object;
+  operator const py::object&() const { return object; }  // NOLINT: implicit by design
+};
+template <class T>
+struct Ret {
+  Ret() = default;
+  Ret(py::object o) : object(std::move(o)) {}  // NOLINT: implicit by design
+  py::object object;
+};
+
+}  // namespace vpy
+
+namespace pybind11::detail {
+template <class T>
+struct type_caster<vpy::In<T>> {
+  PYBIND11_TYPE_CASTER(vpy::In<T>, vpy::PyName<T>::name);
+  bool load(handle src, bool) {
+    value.object = reinterpret_borrow<object>(src);
+    return true;
+  }
+  static handle cast(const vpy::In<T>& src, return_value_policy, handle) { return src.object.inc_ref(); }
+};
+template <class T>
+struct type_caster<vpy::Ret<T>> {
+  PYBIND11_TYPE_CASTER(vpy::Ret<T>, vpy::PyName<T>::name);
+  bool load(handle, bool) { return false; }
+  static handle cast(const vpy::Ret<T>& src, return_value_policy, handle) { return src.object.inc_ref(); }
+};
+}  // namespace pybind11::detail
+
+namespace vpy {
+
 // Arg<T>: Py is the Python-side parameter type, in() makes the C++ argument.
 template <class T, class Enable = void>
 struct Arg {  // a bound class, taken as it is
@@ -103,7 +170,7 @@ struct Arg<const char*> {
 };
 template <>
 struct Arg<DtVector64> {
-  using Py = const py::object&;
+  using Py = const In<DtVector64>&;
   static DtVector64 in(const py::object& v, const char* name) {
     const auto t = triple(v, name, "a sequence of 3 numbers (x, y, z)");
     return DtVector64(t[0], t[1], t[2]);
@@ -111,7 +178,7 @@ struct Arg<DtVector64> {
 };
 template <>
 struct Arg<DtTaitBryan> {
-  using Py = const py::object&;
+  using Py = const In<DtTaitBryan>&;
   static DtTaitBryan in(const py::object& v, const char* name) {
     const auto t = triple(v, name, "a sequence of 3 numbers (psi, theta, phi)");
     return DtTaitBryan(t[0], t[1], t[2]);
@@ -119,7 +186,7 @@ struct Arg<DtTaitBryan> {
 };
 template <>
 struct Arg<std::vector<DtVector64>> {
-  using Py = const py::object&;
+  using Py = const In<std::vector<DtVector64>>&;
   static std::vector<DtVector64> in(const py::object& v, const char* name) {
     if (!py::isinstance<py::sequence>(v) || py::isinstance<py::str>(v))
       typeError(name, "a sequence of (x, y, z) points", v);
@@ -131,7 +198,7 @@ struct Arg<std::vector<DtVector64>> {
 };
 template <>
 struct Arg<DtGlobalObjectDesignatorList> {
-  using Py = const py::object&;
+  using Py = const In<DtGlobalObjectDesignatorList>&;
   static DtGlobalObjectDesignatorList in(const py::object& v, const char* name) {
     if (!py::isinstance<py::sequence>(v) || py::isinstance<py::str>(v))
       typeError(name, "a sequence of entity names (str)", v);
@@ -146,7 +213,7 @@ struct Arg<DtGlobalObjectDesignatorList> {
 // Enumerations: the enum's own Python values, or a plain int in the range of its underlying type.
 template <class T>
 struct Arg<T, std::enable_if_t<std::is_enum_v<T>>> {
-  using Py = const py::object&;
+  using Py = const In<T>&;
   static T in(const py::object& v, const char* name) {
     if (py::isinstance<T>(v)) return v.cast<T>();
     // Another enumeration's value passes as its number: command numbers and draw-object types share a field.

@@ -341,6 +341,14 @@ def main():
                 pyname += "_at"
             emitted.append(emit_call(c, var, m, pyname))
 
+    def ret_type(m):
+        """The lambda's result type, which names the Python type in signatures."""
+        rk, rt = m["_rk"], m["_rt"]
+        if rk == "void":
+            return "py::none"
+        return "vpy::Ret<%s>" % decay(rt).replace("*", "").strip() if rk in ("ref", "objptr") else \
+            "vpy::Ret<%s>" % decay(rt)
+
     def cast_ret(m, call):
         rk, rt = m["_rk"], m["_rt"]
         if rk == "void":
@@ -368,11 +376,11 @@ def main():
     def param_decl(a, i):
         qt, k = a
         if k == "opt":
-            return "const py::object& a%d" % i
+            return "const vpy::In<std::optional<%s>>& a%d" % (decay(qt).replace("*", "").strip(), i)
         if k == "objptr":
             return "%s a%d" % (qt.replace("const ", ""), i)
         if k == "rgba":
-            return "const py::object& a%d" % i
+            return "const vpy::In<unsigned char*>& a%d" % i
         if k == "cstr":
             return "vpy::Py<const char*> a%d" % i
         return "vpy::Py<%s> a%d" % (decay(qt), i)
@@ -417,8 +425,8 @@ def main():
         body = sget + " " + body
         if "self_obj" in body:
             body = "py::object self_obj = py::cast(&self, py::return_value_policy::reference); " + body
-        return '  %s.def("%s", [](%s) -> py::object { %s %s }%s, %s);' % (
-            var, pyname, params, pre(m), body, pyargs(m), cstr(m["doc"]))
+        return '  %s.def("%s", [](%s) -> %s { %s %s }%s, %s);' % (
+            var, pyname, params, ret_type(m), pre(m), body, pyargs(m), cstr(m["doc"]))
 
     def emit_property(c, var, g, s, owner=None):
         gcall = "self.%s()" % g["name"]
@@ -426,7 +434,7 @@ def main():
         if "self_obj" in gbody:
             gbody = "py::object self_obj = py::cast(&self, py::return_value_policy::reference); " + gbody
         sdecl, sget, after = selfparts(c)
-        getter = "[](%s) -> py::object { %s %s }" % (sdecl, sget, gbody)
+        getter = "[](%s) -> %s { %s %s }" % (sdecl, ret_type(g), sget, gbody)
         doc = g["doc"] or (s["doc"] if s else "")
         if s is None:
             return '  %s.def_property_readonly("%s", %s, %s);' % (var, snake(g["name"]), getter, cstr(doc))

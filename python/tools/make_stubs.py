@@ -48,7 +48,7 @@ def params(text):
         if name.strip() == "self":
             res.append("self")
             continue
-        if default.strip() == "None" and t != "typing.Any":
+        if default.strip() == "None" and t != "typing.Any" and not t.startswith("typing.Optional"):
             t = "typing.Optional[%s]" % t
         res.append(name.strip() + (": " + t if t else "") + (" = ..." if eq else ""))
     return ", ".join(res)
@@ -112,8 +112,10 @@ def emit_class(out, name, cls):
             d = docline(value)
             out.append("    def %s(self) -> %s:%s" % (attr, ret, ' """%s"""' % d if d else " ..."))
             if value.fset is not None:
+                first = (value.fset.__doc__ or "").split("\n")[0]
+                m = re.match(r"^\(\w+: [^,]+, \w+: (.+)\) -> None$", first)
                 out.append("    @%s.setter" % attr)
-                out.append("    def %s(self, value: typing.Any) -> None: ..." % attr)
+                out.append("    def %s(self, value: %s) -> None: ..." % (attr, pytype(m.group(1)) if m else "typing.Any"))
         elif isinstance(value, staticmethod):
             emit_function(out, "    ", attr, value.__func__, static=True)
         elif callable(value) and type(value).__name__ in ("instancemethod", "builtin_function_or_method"):
