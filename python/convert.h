@@ -26,9 +26,14 @@
 namespace vpy {
 namespace py = pybind11;
 
+// vistral.ArgumentTypeError and vistral.ArgumentValueError: a TypeError or ValueError that is also a
+// vistral.Error.
+[[noreturn]] void raiseTypeError(const std::string& message);
+[[noreturn]] void raiseValueError(const std::string& message);
+
 [[noreturn]] inline void typeError(const char* name, const char* expected, py::handle got) {
-  throw py::type_error(std::string(name) + " must be " + expected + ", not " +
-                       std::string(py::str(py::type::handle_of(got).attr("__name__"))));
+  raiseTypeError(std::string(name) + " must be " + expected + ", not " +
+                 std::string(py::str(py::type::handle_of(got).attr("__name__"))));
 }
 
 // Integers of any width: Python's int, checked against the C++ type's range.
@@ -39,10 +44,9 @@ T checkedInt(const py::int_& value, const char* name) {
   using L = std::numeric_limits<T>;
   if (overflow != 0 || v < static_cast<long long>(L::min()) ||
       (v > 0 && static_cast<unsigned long long>(v) > static_cast<unsigned long long>(L::max())))
-    throw py::value_error(std::string(name) + " must be in " +
-                          std::to_string(static_cast<long long>(L::min())) + ".." +
-                          std::to_string(static_cast<unsigned long long>(L::max())) + ", got " +
-                          std::string(py::str(static_cast<const py::handle&>(value))));
+    raiseValueError(std::string(name) + " must be in " + std::to_string(static_cast<long long>(L::min())) +
+                    ".." + std::to_string(static_cast<unsigned long long>(L::max())) + ", got " +
+                    std::string(py::str(static_cast<const py::handle&>(value))));
   return static_cast<T>(v);
 }
 
@@ -152,7 +156,7 @@ struct Arg<float> {
   using Py = double;
   static float in(double v, const char* name) {
     if (std::isfinite(v) && std::fabs(v) > static_cast<double>(std::numeric_limits<float>::max()))
-      throw py::value_error(std::string(name) + " does not fit a 32-bit float: " + std::to_string(v));
+      raiseValueError(std::string(name) + " does not fit a 32-bit float: " + std::to_string(v));
     return static_cast<float>(v);
   }
 };

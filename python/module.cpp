@@ -35,6 +35,8 @@ void bindControllerMembers(py::class_<vpy::Controller>& cls);
 namespace vpy {
 namespace {
 py::object errorType;
+py::object argumentTypeError;
+py::object argumentValueError;
 py::object pendingError;  // (type, value, traceback) of the first error kept
 int callbackDepth = 0;    // Python code the library is calling, nested
 
@@ -56,6 +58,16 @@ std::unordered_set<const DtVdcObject*>& heldByDrawer() {
 
 void raise(const std::string& message) {
   PyErr_SetString(errorType.ptr(), message.c_str());
+  throw py::error_already_set();
+}
+
+void raiseTypeError(const std::string& message) {
+  PyErr_SetString(argumentTypeError.ptr(), message.c_str());
+  throw py::error_already_set();
+}
+
+void raiseValueError(const std::string& message) {
+  PyErr_SetString(argumentValueError.ptr(), message.c_str());
   throw py::error_already_set();
 }
 
@@ -191,7 +203,7 @@ void Controller::trampoline(const DtVistralControlPdu& pdu, void* usr) {
 }
 
 void Controller::addCallback(py::object fn, const std::string& viewer) {
-  if (!PyCallable_Check(fn.ptr())) throw py::type_error("callback must be callable");
+  if (!PyCallable_Check(fn.ptr())) raiseTypeError("callback must be callable");
   callbacks_.push_back(std::make_unique<Entry>(Entry{std::move(fn), viewer}));
   get().addViewModeChangeCallback(&trampoline, callbacks_.back().get(), DtString(viewer));
 }
@@ -393,6 +405,16 @@ PYBIND11_MODULE(_vistral, m) {
       nullptr));
   m.attr("Error") = error;
   errorType = error;
+  auto subclass = [&](const char* name, PyObject* builtin, const char* doc) {
+    py::tuple bases = py::make_tuple(error, py::handle(builtin));
+    py::object type = py::reinterpret_steal<py::object>(
+        PyErr_NewExceptionWithDoc((std::string("vistral.") + name).c_str(), doc, bases.ptr(), nullptr));
+    m.attr(name) = type;
+    return type;
+  };
+  argumentTypeError = subclass("ArgumentTypeError", PyExc_TypeError, "An argument of the wrong type.");
+  argumentValueError =
+      subclass("ArgumentValueError", PyExc_ValueError, "An argument out of its field's range.");
   py::register_exception_translator([](std::exception_ptr p) {
     try {
       if (p) std::rethrow_exception(p);
@@ -405,6 +427,8 @@ PYBIND11_MODULE(_vistral, m) {
   atexit.attr("register")(py::cpp_function([]() {
     pendingError = py::object();
     errorType = py::object();
+    argumentTypeError = py::object();
+    argumentValueError = py::object();
   }));
 
   py::class_<DtVistralControlPdu> pdu(m, "VistralControlPdu",
@@ -453,7 +477,7 @@ PYBIND11_MODULE(_vistral, m) {
       [](const py::bytes& b) -> py::object {
         const std::string s = b;
         auto made = pduFromBytes(reinterpret_cast<const unsigned char*>(s.data()), s.size());
-        if (!made) throw py::value_error("not a control PDU (kind 202) of any known command");
+        if (!made) raiseValueError("not a control PDU (kind 202) of any known command");
         return py::cast(std::move(made));
       },
       py::arg("data"), "The PDU of the right class for a received image.");
@@ -477,7 +501,7 @@ PYBIND11_MODULE(_vistral, m) {
       [](const py::object& command) -> py::object {
         const auto c = Arg<DtViewerCommand>::in(command, "command");
         std::unique_ptr<DtVistralControlPdu> made(DtNewVistralControlPdu(c));
-        if (!made) throw py::value_error("no PDU class has command " + std::to_string(static_cast<int>(c)));
+        if (!made) raiseValueError("no PDU class has command " + std::to_string(static_cast<int>(c)));
         return py::cast(std::move(made));
       },
       py::arg("command"), "An empty PDU for a command number (view-control first, then draw-control).");
@@ -531,9 +555,9 @@ PYBIND11_MODULE(_vistral, m) {
                       const std::string& backend) {
             Connection* c = connArg(connection);
             if (c == nullptr && sender.is_none() && execution.empty())
-              throw py::type_error("give a connection, a sender or an execution_name");
+              raiseTypeError("give a connection, a sender or an execution_name");
             if (!sender.is_none() && !PyCallable_Check(sender.ptr()))
-              throw py::type_error("sender must be callable (it is given each PDU's bytes)");
+              raiseTypeError("sender must be callable (it is given each PDU's bytes)");
             if (c == nullptr && sender.is_none())
               return std::make_unique<Controller>(execution, federate, opt(fedFile), opt(backend), target);
             return std::make_unique<Controller>(c, sender, target);
@@ -566,9 +590,9 @@ PYBIND11_MODULE(_vistral, m) {
   drw.def(py::init([](const py::object& connection, const std::string& receiver, unsigned firstId,
                       const py::object& sender, const std::string& senderId) {
             Connection* c = connArg(connection);
-            if (c == nullptr && sender.is_none()) throw py::type_error("give a connection or a sender");
+            if (c == nullptr && sender.is_none()) raiseTypeError("give a connection or a sender");
             if (c == nullptr && !PyCallable_Check(sender.ptr()))
-              throw py::type_error("sender must be callable (it is given each PDU's bytes)");
+              raiseTypeError("sender must be callable (it is given each PDU's bytes)");
             return std::make_unique<Drawer>(c, sender, senderId, receiver, firstId);
           }),
           py::arg("connection") = py::none(), py::arg("receiver_id") = "0:0:0", py::arg("first_id") = 1,

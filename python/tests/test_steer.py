@@ -133,6 +133,10 @@ def test_wrong_types_and_ranges_raise_clear_errors():
     with pytest.raises(vistral.Error, match="closed"):
         c.close()
         c.reset()
+    # One base class for every error the module raises itself.
+    assert issubclass(vistral.ArgumentTypeError, (vistral.Error, TypeError))
+    with pytest.raises(vistral.ArgumentValueError):
+        vistral.VdcColor(-1, 0, 0, 0)
 
 
 def test_a_raising_callback_reaches_the_caller_of_process_incoming(session):

@@ -84,7 +84,8 @@ def emit_function(out, indent, name, fn, static=False):
 
 
 def emit_class(out, name, cls):
-    bases = [b.__name__ for b in cls.__bases__ if b.__module__.startswith("vistral")]
+    bases = [b.__name__ for b in cls.__bases__
+             if b.__module__.startswith("vistral") or (b.__module__ == "builtins" and b is not object)]
     out.append("class %s(%s):" % (name, ", ".join(bases)))
     doc = docline(cls)
     if doc:
@@ -152,11 +153,7 @@ def main():
         value = getattr(_vistral, name)
         if inspect.isclass(value):
             visit(value)
-    out.append("class Error(Exception): ...")
-    out.append("")
     for cls in classes:
-        if cls.__name__ == "Error":
-            continue
         emit_class(out, cls.__name__, cls)
         # Nested enumerations live on the class; pybind11 also makes them class attributes.
     for name in sorted(dir(_vistral)):

@@ -2,8 +2,6 @@
 
 import typing
 
-class Error(Exception): ...
-
 class VistralControlPdu():
     """The control PDU (kind 202): base class of every view and draw PDU."""
     def __bytes__(self) -> bytes: ...
@@ -49,6 +47,15 @@ class AbsoluteVCPdu(VistralControlPdu):
     def world_location(self) -> tuple[float, float, float]: """Where the eye is (ignore bits DtVcIgnore::Position) and how it is turned (DtVcIgnore::Orientation); the orientation travels as three 32-bit floats."""
     @world_location.setter
     def world_location(self, value: tuple[float, float, float]) -> None: ...
+
+class Error(Exception):
+    """Every error the module raises: the library's own, and bad arguments."""
+
+class ArgumentTypeError(Error, TypeError):
+    """An argument of the wrong type."""
+
+class ArgumentValueError(Error, ValueError):
+    """An argument out of its field's range."""
 
 class CompassVCPdu(VistralControlPdu):
     """Compass mode: hold a fixed bearing around an attached entity (viewer command 2, 308 bytes)."""
