@@ -388,6 +388,8 @@ def main():
     def pre(m):
         out = []
         for i, (a, p) in enumerate(zip(m["_args"], m["params"])):
+            if a[1] == "objptr":  # passed as it is, never checked
+                continue
             out.append('static constexpr const char* n%d = "%s";' % (i, snake(p[1])))
             if a[1] == "opt":
                 base = decay(a[0]).replace("*", "").strip()
