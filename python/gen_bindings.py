@@ -28,7 +28,7 @@ SCALARS = {"bool", "int", "unsigned int", "unsigned", "unsigned char", "unsigned
 VALUES = {"DtString", "DtVector64", "DtTaitBryan", "DtGlobalObjectDesignatorList", "std::string",
           "std::vector<DtVector64>"}
 
-DECL = re.compile(r"^(?P<spec>(?:(?:virtual|static|explicit|inline|constexpr|VISTRAL_EXPORT)\s+)*)"
+DECL = re.compile(r"^(?P<specifiers>(?:(?:virtual|static|explicit|inline|constexpr|VISTRAL_EXPORT)\s+)*)"
                   r"(?P<ret>[\w:<>,\s\*&]+?[\s\*&])?(?P<name>~?\w+)\s*\((?P<params>[^()]*)\)\s*"
                   r"(?P<const>const)?\s*(?:noexcept)?\s*(?P<virt>override|final)?\s*(?P<pure>=\s*0|=\s*default|"
                   r"=\s*delete)?\s*(?:;|\{|:)")
@@ -192,7 +192,7 @@ def parse(path, classes):
             else:
                 parsed.append((norm(p), "arg%d" % len(parsed), default))
         entry = {"name": name, "ret": norm(dm.group("ret") or ""), "params": parsed,
-                 "const": bool(dm.group("const")), "static": "static" in dm.group("spec"),
+                 "const": bool(dm.group("const")), "static": "static" in dm.group("specifiers"),
                  "deleted": (dm.group("pure") or "").replace(" ", "") in ("=delete",), "doc": doc}
         if name == c.name:
             if not entry["deleted"]:
