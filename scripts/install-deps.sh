@@ -24,6 +24,10 @@ dpkg -s libtirpc3 >/dev/null 2>&1 || need+=(libtirpc3)
 [ -f /usr/include/httplib.h ] || need+=(libcpp-httplib-dev)
 command -v chromium >/dev/null 2>&1 || need+=(chromium)
 command -v python3 >/dev/null 2>&1 || need+=(python3)
+# The Python module (pybind11, built for the system's Python) and its tests.
+[ -f /usr/include/pybind11/pybind11.h ] || need+=(pybind11-dev)
+ls /usr/include/python3*/Python.h >/dev/null 2>&1 || need+=(python3-dev)
+/usr/bin/python3 -c 'import pytest' >/dev/null 2>&1 || need+=(python3-pytest)
 # The API reference (the docs target): Doxygen, and Graphviz's dot for its class diagrams.
 command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 command -v dot >/dev/null 2>&1 || need+=(graphviz)
