@@ -138,6 +138,10 @@ class Emulator():
 class GroupVCPdu(VistralControlPdu):
     """Group mode: view a group of entities from a radial offset, removing entities from and adding them to the viewed group (viewer command 9; 188 bytes with empty lists, 64 more per listed entity)."""
     def __init__(self) -> None: """Group mode: view a group of entities from a radial offset, removing entities from and adding them to the viewed group (viewer command 9; 188 bytes with empty lists, 64 more per listed entity)."""
+    @property
+    def entities_to_add_in_image(self) -> int: """How many entries of each list the image holds: a received count may claim more than its bytes carry. Entries from the first up to these counts can be read."""
+    @property
+    def entities_to_remove_in_image(self) -> int: """How many entries of each list the image holds: a received count may claim more than its bytes carry. Entries from the first up to these counts can be read."""
     def entity_to_add(self, index: int) -> str: """Both getters fill one cache: copy the first result before asking for the second. An index outside the list gives an empty text, and is ignored by the setters."""
     def entity_to_remove(self, index: int) -> str: """Both getters fill one cache: copy the first result before asking for the second. An index outside the list gives an empty text, and is ignored by the setters."""
     @property
@@ -240,6 +244,10 @@ class MimicVCPdu(VistralControlPdu):
 class ModelessVCPdu(VistralControlPdu):
     """Modeless command: set a primary and a secondary entity and edit an entity list without changing the viewing mode (viewer command 10; 292 bytes with empty lists, 64 more per listed entity). It has no text form."""
     def __init__(self) -> None: """Modeless command: set a primary and a secondary entity and edit an entity list without changing the viewing mode (viewer command 10; 292 bytes with empty lists, 64 more per listed entity). It has no text form."""
+    @property
+    def entities_to_add_in_image(self) -> int: """How many entries of each list the image holds: a received count may claim more than its bytes carry. Entries from the first up to these counts can be read."""
+    @property
+    def entities_to_remove_in_image(self) -> int: """How many entries of each list the image holds: a received count may claim more than its bytes carry. Entries from the first up to these counts can be read."""
     def entity_to_add(self, index: int) -> str: """As in the group PDU: set both counts before writing entries. -1 counts as 0; a count below -1, or one that would make the PDU longer than 65535 bytes, is refused and changes nothing."""
     def entity_to_remove(self, index: int) -> str: """As in the group PDU: set both counts before writing entries. -1 counts as 0; a count below -1, or one that would make the PDU longer than 65535 bytes, is refused and changes nothing."""
     @property
@@ -1338,7 +1346,7 @@ class VdcColor():
     def set_value(self, value: float) -> None: """Each HSV setter recomputes red, green and blue; setHSV sets the alpha too."""
 
 class VdcCommandPduBase(VistralDrawControlPdu):
-    """Commands on a drawn object: remove, hide, show, add to a layer, remove from a layer (viewer command 2510; the type names the command, the object id the object acted on)."""
+    """What the command PDU's two layouts share: its text form, its dump and the layer id."""
     @property
     def layer_id(self) -> int: """The layer of the add-to-layer and remove-from-layer commands."""
     @layer_id.setter
