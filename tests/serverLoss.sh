@@ -72,7 +72,7 @@ grep -q "^viewer vistral-1 lost federation $execution: " "$out/viewer.err" ||
 grep -q "^wrote snapshot " "$out/viewer.txt" || fail "the viewer writes its snapshot" "$out/viewer.txt"
 waitExit "$waiting" 50
 [ "$status" -eq 1 ] || fail "the waiting controller exits with status 1 within 5 s, not $status" "$out/waiting.txt"
-grep -q "Lost federation execution $execution" "$out/waiting.txt" ||
+grep -q "^vistralSteer: lost federation $execution: " "$out/waiting.txt" ||
   fail "the waiting controller says the federation is lost" "$out/waiting.txt"
 waitExit "$load" 100
 [ "$status" -ne 255 ] || fail "the controllers under load stop within 10 s"
