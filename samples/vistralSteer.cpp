@@ -377,11 +377,24 @@ int main(int argc, char** argv) {
     };
     steer.addViewModeChangeCallback(heard, &reports, cmd.value(viewer));
     sub->run(steer, Args(std::vector<std::string>(words.begin() + 1, words.end())));
-    conn.processIncoming();
+    // A federation lost while the report is awaited ends the wait at once.
+    const auto take = [&] {
+      try {
+        return conn.processIncoming();
+      } catch (const DtException&) {
+        if (!conn.lost()) throw;
+        std::cerr << "vistralSteer: lost federation " << cmd.value(federation) << ": " << conn.lostReason()
+                  << "\n";
+        return -1;
+      }
+    };
+    if (take() < 0) return 1;
     if (words[0] == "request-state") {
       const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(waitFor);
       while (reports == 0 && std::chrono::steady_clock::now() < deadline) {
-        if (conn.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        const int taken = take();
+        if (taken < 0) return 1;
+        if (taken == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
       }
       if (reports == 0) {
         std::cout << "no report from " << cmd.value(viewer) << " within " << cmd.value(wait) << " s\n";

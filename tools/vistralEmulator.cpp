@@ -127,8 +127,18 @@ int main(int argc, char** argv) {
       DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
     std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(runFor);
+    // A lost federation ends the run as an interruption would, files written, but the exit status says so.
+    bool lost = false;
     while (theStop == 0 && (runFor == 0 || std::chrono::steady_clock::now() < deadline)) {
-      if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      try {
+        if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      } catch (const DtException& e) {
+        if (!emulator.connection()->lost()) throw;
+        std::cerr << "viewer " << cmd.value(viewer) << " lost federation " << cmd.value(federation) << ": "
+                  << emulator.connection()->lostReason() << "\n";
+        lost = true;
+        break;
+      }
     }
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::removeCallback(emulator.connection(), &printArrival, nullptr);
@@ -150,6 +160,7 @@ int main(int argc, char** argv) {
     if (!cmd.value(json).empty())
       ok &= write(DtWriteEmulatorSnapshot(state, cmd.value(json)), "snapshot", cmd.value(json));
     live.reset();
+    if (lost) return 3;
     return ok ? 0 : 1;
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";

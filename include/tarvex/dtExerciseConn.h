@@ -201,14 +201,25 @@ class TARVEX_EXPORT DtExerciseConn {
   // Sends the interaction as the class its interactionClassToUse() names, encoded by the encoder registered
   // for that class (made with createEncoder() when there is none and the interaction can make one; the
   // interaction then gets the class description). Returns false, sending nothing, when the FOM has no such
-  // class or there is no encoder.
+  // class, there is no encoder, or the connection is lost().
   [[nodiscard]] bool sendInteraction(DtInteraction& inter);
 
   // Delivers what has arrived since the last call: for each interaction, creates an object through the
   // interaction factory, decodes it with the class's decoder (made with createDecoder() when there is none)
   // and calls the class's callbacks. Interactions that arrive meanwhile wait for the next call; a call from
   // inside a callback does nothing. Returns how many interactions were handed to callbacks.
+  //
+  // A lost federation (an RTI whose server went away, or that can no longer serve this federate) is a
+  // DtException from here, thrown after what arrived before the loss has been delivered, and again from
+  // every later call; lost() then holds and sendInteraction() sends nothing. A lost connection does not
+  // rejoin: make a new one.
   int processIncoming();
+
+  // Whether processIncoming() found the federation lost. Always false for the in-process federation and DIS,
+  // which have no server to lose.
+  bool lost() const;
+  // The RTI's reason for the loss; empty while joined.
+  const DtString& lostReason() const;
 
   // Received interactions not yet processed, and the bytes this connection keeps for queueing them.
   std::size_t pendingIncoming() const;

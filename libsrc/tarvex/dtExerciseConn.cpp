@@ -76,8 +76,9 @@ bool endsWith(const std::string& text, const char* end) {
 // FOM modules: paths separated by ';', merged in that order as the RTI merges them.
 DtFomSource loadFomModules(const char* list) {
   if (empty(list))
-    return DtFomSource{"", DtFedFile::parseFomModule(DtBuiltInFomModuleText, DtBuiltInFomModuleName), {}};
-  DtFomSource out{list, DtFedFile(), {}};
+    return DtFomSource{
+        "", DtFedFile::parseFomModule(DtBuiltInFomModuleText, DtBuiltInFomModuleName), nullptr, {}};
+  DtFomSource out{list, DtFedFile(), nullptr, {}};
   const std::string text = list;
   for (std::size_t from = 0; from <= text.size();) {
     const std::size_t end = std::min(text.find(';', from), text.size());
@@ -100,8 +101,9 @@ DtFomSource loadFomModules(const char* list) {
 
 DtFomSource loadFom(const char* fedFile, const DtFederationKind& kind) {
   if (kind.readsFomModules) return loadFomModules(fedFile);
-  if (empty(fedFile)) return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName), {}};
-  return DtFomSource{fedFile, DtFedFile::read(fedFile), {}};
+  if (empty(fedFile))
+    return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName), nullptr, {}};
+  return DtFomSource{fedFile, DtFedFile::read(fedFile), nullptr, {}};
 }
 }  // namespace
 
@@ -133,7 +135,9 @@ struct DtExerciseConn::Impl {
   DtInteractionDecoderList decoders;
   DtInteractionEncoderList encoders;
   DtInteractionFactory factory;
-  DtDeferredRemoval removal;  // callbacks removed while processIncoming() walks them
+  DtString lostReason;                // empty while joined
+  std::unique_ptr<DtException> lost;  // what processIncoming() throws once the federation is lost
+  DtDeferredRemoval removal;          // callbacks removed while processIncoming() walks them
   // Names asked for and what they found. The FOM and the mapper do not change once the connection has
   // joined, so a name always finds the same class, and senders ask by the same few names on every send.
   struct NameLookup {
@@ -308,7 +312,7 @@ bool DtExerciseConn::addCallback(const char* className, DtInteractionDetail::Era
   if (desc == nullptr || fn == nullptr) return false;
   Impl::ClassState& state = impl_->states[impl_->indexOf(desc)];
   state.callbacks.push_back(Impl::Callback{fn, thunk, usr, true});
-  if (++state.liveCallbacks == 1) impl_->backend->subscribe(desc->handle(), true);
+  if (++state.liveCallbacks == 1 && !lost()) impl_->backend->subscribe(desc->handle(), true);
   return true;
 }
 
@@ -322,13 +326,15 @@ bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::
     if (!c.live || c.fn != fn || c.usr != usr) continue;
     c.live = false;
     if (impl_->removal.eraseNow()) Impl::compact(state);
-    if (--state.liveCallbacks == 0) impl_->backend->subscribe(desc->handle(), false);
+    // A lost federation takes no more declarations; the callback still goes.
+    if (--state.liveCallbacks == 0 && !lost()) impl_->backend->subscribe(desc->handle(), false);
     return true;
   }
   return false;
 }
 
 bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
+  if (lost()) return false;
   DtInterClassDesc* desc = interClassDescByName(inter.interactionClassToUse(this));
   if (desc == nullptr) return false;
   DtInteractionEncoder* encoder = impl_->encoders.find(desc->handle());
@@ -349,19 +355,32 @@ bool DtExerciseConn::sendInteraction(DtInteraction& inter) {
 int DtExerciseConn::processIncoming() {
   Impl& m = *impl_;
   if (m.removal.walking()) return 0;
+  if (m.lost) throw *m.lost;
   int delivered = 0;
   m.removal.walk(
       [&] {
-        m.backend->poll();
+        // What arrived before the federation was lost is still delivered; the loss is reported after it.
+        try {
+          m.backend->poll();
+        } catch (const DtException& e) {
+          const std::string reason = m.backend->lostReason();
+          if (reason.empty()) throw;
+          m.lostReason = DtString(reason);
+          m.lost = std::make_unique<DtException>(e);
+        }
         m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
           if (m.deliver(*this, cls, set)) ++delivered;
         });
+        if (m.lost) throw *m.lost;
       },
       [&] {
         for (Impl::ClassState& state : m.states) Impl::compact(state);
       });
   return delivered;
 }
+
+bool DtExerciseConn::lost() const { return impl_->lost != nullptr; }
+const DtString& DtExerciseConn::lostReason() const { return impl_->lostReason; }
 
 std::size_t DtExerciseConn::pendingIncoming() const { return impl_->queue.pending(); }
 std::size_t DtExerciseConn::retainedIncomingBytes() const { return impl_->queue.retainedBytes(); }

@@ -29,8 +29,11 @@ class DtFederationBackend {
   }
   virtual DtDatagramStatistics datagramStatistics() const { return {}; }
   virtual void subscribe(RTI::InteractionClassHandle cls, bool on) = 0;
-  // Moves what has arrived into the incoming queue.
+  // Moves what has arrived into the incoming queue. Throws DtException when the federation is lost; what
+  // arrived before stays in the queue.
   virtual void poll() = 0;
+  // Empty while joined; why the federation was lost once poll() found it so.
+  virtual std::string lostReason() const { return {}; }
 };
 
 // Where the connection's FOM comes from: the FED file named, or the built-in one; for HLA Evolved, the FOM

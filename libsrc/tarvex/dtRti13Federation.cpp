@@ -7,6 +7,7 @@
 #include <string>
 
 #include "dtRti13Link.h"
+#include "dtServerWatch.h"
 #include "dtTemporaryFile.h"
 #include "tarvex/dtException.h"
 
@@ -16,7 +17,7 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
  public:
   Rti13Federate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                 void* rtiAmbassador, DtIncomingQueue& queue)
-      : fom_(fom.fom), queue_(queue) {
+      : fom_(fom.fom), queue_(queue), execution_(execution), watch_(execution) {
     // The RTI takes a FED file by path only: the built-in one lives in a temporary file during the join.
     std::unique_ptr<DtTemporaryFile> builtIn;
     if (fom.path.empty())
@@ -52,7 +53,15 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
     link_->send(cls, set);
   }
   void subscribe(RTI::InteractionClassHandle cls, bool on) override { link_->subscribe(cls, on); }
-  void poll() override { link_->tick(); }
+  // What arrived is queued before the server's absence is reported, so none of it is lost.
+  void poll() override {
+    link_->tick();
+    const std::string gone = watch_.check();
+    if (!gone.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + gone);
+  }
+  std::string lostReason() const override {
+    return link_->lostReason().empty() ? watch_.lost() : link_->lostReason();
+  }
 
  private:
   void receive(unsigned long cls, const RTI::ParameterHandleValuePairSet& set) override {
@@ -70,6 +79,8 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
   DtFedFile fom_;
   DtIncomingQueue& queue_;
   std::unique_ptr<DtRti13Link> link_;
+  std::string execution_;
+  DtServerWatch watch_;
 };
 }  // namespace
 

@@ -146,6 +146,7 @@ class Link final : public DtRti13Link {
   }
 
   ~Link() override {
+    if (!lost_.empty()) return;  // nobody left to resign to
     try {
       rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
     } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
@@ -215,14 +216,20 @@ class Link final : public DtRti13Link {
     }
   }
 
+  // Taking what has arrived needs nothing but a live RTI: when it fails, the federation is gone (OpenRTI
+  // reports a lost server here), and no later call can succeed.
   void tick() override {
+    if (!lost_.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + lost_);
     try {
       rti_->tick();
     } catch (const RTI::Exception& e) {
-      DT_THROW("Cannot take interactions from the RTI for " + execution_ + ": " + describe(e));
+      lost_ = describe(e);
+      DT_THROW("Lost federation execution " + execution_ + ": " + lost_);
     }
     rethrowFromCallbacks();
   }
+
+  const std::string& lostReason() const override { return lost_; }
 
  private:
   // Receives on the RTI's behalf inside tick(): interactions go to the receiver, and the synchronization
@@ -374,6 +381,7 @@ class Link final : public DtRti13Link {
   bool synchronized_ = false;
   bool refused_ = false;
   std::exception_ptr failure_;
+  std::string lost_;
 };
 }  // namespace
 

@@ -41,7 +41,10 @@ class DtRti13Link {
   virtual void send(unsigned long cls, const DtRti13InterfaceSet& set) = 0;
   // Returns once the RTI routes the class's interactions to this federate (or no longer does).
   virtual void subscribe(unsigned long cls, bool on) = 0;
+  // Throws once the RTI can no longer serve this federate (its server went away); lostReason() then says why.
   virtual void tick() = 0;
+  // Empty while the federate is joined; the RTI's reason once tick() found the federation lost.
+  virtual const std::string& lostReason() const = 0;
 };
 
 // Creates the execution from the FED file at fedPath (fedName in messages) unless it exists, and joins it as

@@ -15,6 +15,7 @@
 
 #include "dtFederationBackend.h"
 #include "dtRti1516eLink.h"
+#include "dtServerWatch.h"
 #include "dtTemporaryFile.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtParameterSet.h"
@@ -61,7 +62,7 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
  public:
   Rti1516eFederate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                    void* rtiAmbassador, DtIncomingQueue& queue)
-      : fom_(fom.fom), queue_(queue) {
+      : fom_(fom.fom), queue_(queue), execution_(execution), watch_(execution) {
     DtRti1516eTarget target = targetOf(execution);
     // The RTI takes FOM modules by path: the built-in one lives in a temporary file during the join.
     std::unique_ptr<DtTemporaryFile> builtIn;
@@ -112,7 +113,15 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
   }
 
   void subscribe(RTI::InteractionClassHandle cls, bool on) override { link_->subscribe(cls, on); }
-  void poll() override { link_->evoke(); }
+  // What arrived is queued before the server's absence is reported, so none of it is lost.
+  void poll() override {
+    link_->evoke();
+    const std::string gone = watch_.check();
+    if (!gone.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + gone);
+  }
+  std::string lostReason() const override {
+    return link_->lostReason().empty() ? watch_.lost() : link_->lostReason();
+  }
 
  private:
   void receive(unsigned long cls, const DtRti1516eValue* values, std::size_t count) override {
@@ -132,6 +141,8 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
   DtFedFile fom_;
   DtIncomingQueue& queue_;
   std::unique_ptr<DtRti1516eLink> link_;
+  std::string execution_;
+  DtServerWatch watch_;
   DtParameterSet sendSet_;
   std::vector<DtRti1516eValue> values_;
 };

@@ -182,14 +182,19 @@ class Link final : public DtRti1516eLink {
   }
 
   void evoke() override {
-    try {
-      for (int n = 0; n < kCallbacksPerEvoke && rti_->evokeCallback(0.0); ++n) {
+    if (lost_.empty()) {
+      try {
+        for (int n = 0; n < kCallbacksPerEvoke && lost_.empty() && rti_->evokeCallback(0.0); ++n) {
+        }
+      } catch (const rti1516e::Exception& e) {
+        if (lost_.empty()) lost_ = describe(e);
       }
-    } catch (const rti1516e::Exception& e) {
-      DT_THROW("Cannot take interactions from the RTI for " + execution_ + ": " + describe(e));
     }
+    if (!lost_.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + lost_);
     rethrowFromCallbacks();
   }
+
+  const std::string& lostReason() const override { return lost_; }
 
  private:
   struct Parameter {
@@ -240,6 +245,9 @@ class Link final : public DtRti1516eLink {
                                 const rti1516e::FederateHandleSet& /*failed*/) noexcept override {
       if (owner_.label_ == label) owner_.synchronized_ = true;
     }
+    void connectionLost(const std::wstring& fault) noexcept override {
+      owner_.lost_ = fault.empty() ? "connection to the RTI lost" : narrow(fault);
+    }
 
    private:
     void deliver(rti1516e::InteractionClassHandle cls,
@@ -278,6 +286,7 @@ class Link final : public DtRti1516eLink {
 
   // Resigns and, when no one else is joined, destroys the execution; then disconnects. Leaving must not fail.
   void leave() noexcept {
+    if (!lost_.empty()) return;  // nobody left to resign to
     if (joined_) {
       try {
         rti_->resignFederationExecution(rti1516e::DELETE_OBJECTS_THEN_DIVEST);
@@ -435,6 +444,7 @@ class Link final : public DtRti1516eLink {
   bool synchronized_ = false;
   bool refused_ = false;
   std::exception_ptr failure_;
+  std::string lost_;
 };
 }  // namespace
 

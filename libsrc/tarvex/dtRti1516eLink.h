@@ -51,7 +51,11 @@ class DtRti1516eLink {
   // Returns once the RTI routes the class's interactions to this federate (or no longer does).
   virtual void subscribe(unsigned long cls, bool on) = 0;
   // Runs the callbacks the RTI has waiting, without waiting for more.
+  // Throws once the RTI can no longer serve this federate (it reported the connection lost, or taking from
+  // it failed); lostReason() then says why.
   virtual void evoke() = 0;
+  // Empty while the federate is joined; the RTI's reason once evoke() found the federation lost.
+  virtual const std::string& lostReason() const = 0;
 };
 
 // Connects, creates the execution unless it exists, and joins it as federate, through rtiAmbassador (an

@@ -1,0 +1,91 @@
+#!/usr/bin/env bash
+# An RTI server that dies under load: the viewer and every controller joined through it notice, say so and
+# exit non-zero within a few seconds, and the viewer's snapshot keeps everything it took before the fault.
+#   1. the server starts; vistralEmulator joins and writes its JSON snapshot on leaving;
+#   2. vistralSteer puts the viewer into orbit mode; then controllers keep steering it while one more waits
+#      for a report that never comes (a viewer id nobody has);
+#   3. the server is killed (SIGKILL): the viewer prints its own message and exits 3 with its snapshot
+#      written, holding the orbit and counting every PDU it printed as received; the waiting controller
+#      exits 1 saying the federation is lost; no program is left running.
+# serverLoss.sh <rtinode> <vistralSteer> <vistralEmulator> <scheme>   (scheme: rti or hla1516e+rti)
+set -u
+server=$1 steer=$2 emulator=$3 scheme=$4
+here=$(cd "$(dirname "$0")" && pwd)
+out=$(mktemp -d)
+pids=()
+cleanup() {
+  for p in "${pids[@]}"; do kill -KILL "$p" 2>/dev/null; done
+  "$here/rtiserver.sh" stop "$out/server" >/dev/null 2>&1
+  rm -rf "$out"
+}
+trap cleanup EXIT
+failures=0
+fail() {
+  echo "FAILED: $1"
+  shift
+  for f in "$@"; do echo "--- $f" && head -40 "$f"; done
+  failures=$((failures + 1))
+}
+# Waits up to $2 tenths of a second for process $1 to end; its status in $status, 255 when it did not.
+waitExit() {
+  status=255
+  for _ in $(seq 1 "$2"); do
+    if ! kill -0 "$1" 2>/dev/null; then
+      wait "$1"
+      status=$?
+      return
+    fi
+    sleep 0.1
+  done
+}
+
+"$here/rtiserver.sh" start "$server" "$out/server" || exit 1
+execution="$scheme://127.0.0.1:$(cat "$out/server/port")/Loss"
+
+"$emulator" --federation "$execution" --json "$out/viewer.json" >"$out/viewer.txt" 2>"$out/viewer.err" &
+viewer=$!
+pids+=("$viewer")
+for _ in $(seq 1 400); do grep -q "^viewer .* joined" "$out/viewer.txt" && break; sleep 0.05; done
+"$steer" --federation "$execution" orbit "1:3001:12" 120 >"$out/orbit.txt" 2>&1 || fail "steering the viewer" "$out/orbit.txt"
+# Its report says it took the orbit (its printed lines wait in its output buffer until it leaves).
+"$steer" --federation "$execution" --wait 20 request-state >"$out/report.txt" 2>&1
+grep -q "^report from vistral-1: VcOrbitStatus" "$out/report.txt" || fail "the viewer takes the orbit" "$out/report.txt"
+
+# Load: controllers one after another, each sending and leaving, until the server is gone.
+(
+  while kill -0 "$(cat "$out/server/pid")" 2>/dev/null; do
+    "$steer" --federation "$execution" fov 40 >/dev/null 2>&1
+  done
+) &
+load=$!
+pids+=("$load")
+"$steer" --federation "$execution" --viewer nobody --wait 60 request-state >"$out/waiting.txt" 2>&1 &
+waiting=$!
+pids+=("$waiting")
+sleep 3
+
+kill -KILL "$(cat "$out/server/pid")"
+waitExit "$viewer" 50
+[ "$status" -eq 3 ] || fail "the viewer exits with status 3 within 5 s, not $status" "$out/viewer.txt" "$out/viewer.err"
+grep -q "^viewer vistral-1 lost federation $execution: " "$out/viewer.err" ||
+  fail "the viewer says it lost the federation" "$out/viewer.err"
+grep -q "^wrote snapshot " "$out/viewer.txt" || fail "the viewer writes its snapshot" "$out/viewer.txt"
+waitExit "$waiting" 50
+[ "$status" -eq 1 ] || fail "the waiting controller exits with status 1 within 5 s, not $status" "$out/waiting.txt"
+grep -q "^vistralSteer: lost federation $execution: " "$out/waiting.txt" ||
+  fail "the waiting controller says the federation is lost" "$out/waiting.txt"
+waitExit "$load" 100
+[ "$status" -ne 255 ] || fail "the controllers under load stop within 10 s"
+
+printed=$(grep -c "^received " "$out/viewer.txt")
+python3 - "$out/viewer.json" "$printed" <<'EOF' || fail "the snapshot keeps what arrived before the fault" "$out/viewer.json"
+import json, sys
+state = json.load(open(sys.argv[1]))
+printed = int(sys.argv[2])
+text = json.dumps(state)
+assert printed >= 3, "the orbit, the request and a steering PDU at least"
+assert state["counters"]["received"] >= printed, (state["counters"], printed)
+assert "1:3001:12" in text and "120" in text, "the orbit's entity and radius"
+EOF
+[ "$failures" -eq 0 ] && echo "every program noticed the lost server on $execution ($printed PDUs kept)"
+exit "$failures"
