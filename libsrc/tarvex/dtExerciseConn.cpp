@@ -76,9 +76,8 @@ bool endsWith(const std::string& text, const char* end) {
 // FOM modules: paths separated by ';', merged in that order as the RTI merges them.
 DtFomSource loadFomModules(const char* list) {
   if (empty(list))
-    return DtFomSource{
-        "", DtFedFile::parseFomModule(DtBuiltInFomModuleText, DtBuiltInFomModuleName), nullptr, {}};
-  DtFomSource out{list, DtFedFile(), nullptr, {}};
+    return DtFomSource{"", DtFedFile::parseFomModule(DtBuiltInFomModuleText, DtBuiltInFomModuleName), {}};
+  DtFomSource out{list, DtFedFile(), {}};
   const std::string text = list;
   for (std::size_t from = 0; from <= text.size();) {
     const std::size_t end = std::min(text.find(';', from), text.size());
@@ -101,9 +100,8 @@ DtFomSource loadFomModules(const char* list) {
 
 DtFomSource loadFom(const char* fedFile, const DtFederationKind& kind) {
   if (kind.readsFomModules) return loadFomModules(fedFile);
-  if (empty(fedFile))
-    return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName), nullptr, {}};
-  return DtFomSource{fedFile, DtFedFile::read(fedFile), nullptr, {}};
+  if (empty(fedFile)) return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName), {}};
+  return DtFomSource{fedFile, DtFedFile::read(fedFile), {}};
 }
 }  // namespace
 
