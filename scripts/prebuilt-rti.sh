@@ -71,10 +71,24 @@ scenarios() {
   shift
   names=$(ctest --test-dir "$dir" -N -L rti | sed -n 's/^ *Test *#[0-9]*: //p')
   [ -n "$names" ] || die "$dir has no RTI scenarios: is it configured with an RTI?"
+  # Every argument of a scenario's command that is a program of this build, whether the command runs it
+  # itself or hands it to a script.
+  local targets
+  targets=$(ninja -C "$dir" -t targets all | cut -d: -f1)
   while IFS=$'\t' read -r name program; do
     grep -qxF "$name" <<<"$names" || continue
-    case $program in "$dir"/*) programs+=("$(basename "$program")") ;; esac
-  done < <(find "$dir" -name CTestTestfile.cmake -exec sed -n 's/^add_test(\[=\[\([^]]*\)\]=\] "\([^"]*\)".*/\1\t\2/p' {} +)
+    case $program in "$dir"/*) ;; *) continue ;; esac
+    program=${program#"$dir"/}
+    grep -qxF "$program" <<<"$targets" && programs+=("$program")
+  done < <(find "$dir" -name CTestTestfile.cmake -exec awk '
+    /^add_test\(\[=\[/ {
+      name = $0; sub(/^add_test\(\[=\[/, "", name); sub(/\]=\].*/, "", name)
+      rest = $0
+      while (match(rest, /"[^"]*"/)) {
+        print name "\t" substr(rest, RSTART + 1, RLENGTH - 2)
+        rest = substr(rest, RSTART + RLENGTH)
+      }
+    }' {} +)
   [ ${#programs[@]} -gt 0 ] || die "no program of the RTI scenarios of $dir is built here"
   mapfile -t programs < <(printf '%s\n' "${programs[@]}" | sort -u)
   cmake --build "$dir" --target "${programs[@]}"
