@@ -59,7 +59,9 @@ grep -q "^report from vistral-1: VcOrbitStatus" "$out/report.txt" || fail "the v
 ) &
 load=$!
 pids+=("$load")
-"$steer" --federation "$execution" --viewer nobody --wait 60 request-state >"$out/waiting.txt" 2>&1 &
+# A name of its own: HLA Evolved refuses a second federate of the name the controllers under load join with.
+"$steer" --federation "$execution" --controller waiting --viewer nobody --wait 60 request-state \
+  >"$out/waiting.txt" 2>&1 &
 waiting=$!
 pids+=("$waiting")
 sleep 3
