@@ -146,10 +146,10 @@ int main(int argc, char** argv) {
             static_cast<double>(std::max<std::int64_t>(0, pdu.nanoseconds - first)) / factor));
         const Clock::time_point due = start + offset;
         // Sleep to just short of the moment, keep the connection's queue drained, then wait it out exactly.
-        while (theStop == 0 && Clock::now() < due - std::chrono::microseconds(300)) {
+        while (theStop == 0 && Clock::now() < due - std::chrono::microseconds(500)) {
           conn.processIncoming();
           std::this_thread::sleep_for(std::min<Clock::duration>(
-              due - std::chrono::microseconds(300) - Clock::now(), std::chrono::milliseconds(5)));
+              due - std::chrono::microseconds(500) - Clock::now(), std::chrono::milliseconds(5)));
         }
         while (Clock::now() < due) {
         }
