@@ -7,8 +7,12 @@
 //
 // Exit status: 0 when every input was read without fault, 1 when any fault was found (each is reported on
 // standard error, naming the input and the byte offset), 2 for a bad command line.
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <fstream>
+#include <cstring>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -29,6 +33,22 @@ bool wholeNumber(const std::string& text, unsigned long long max, unsigned long 
   if (*end != '\0' || text[0] == '-' || v > max) return false;
   *value = v;
   return true;
+}
+
+// The whole file in one read where its size is known (a capture may be hundreds of megabytes).
+bool readWhole(const std::string& name, std::vector<unsigned char>& bytes) {
+  std::FILE* file = std::fopen(name.c_str(), "rb");
+  if (file == nullptr) return false;
+  bytes.clear();
+  unsigned char chunk[1 << 16];
+  struct stat info {};
+  if (fstat(fileno(file), &info) == 0 && info.st_size > 0)
+    bytes.reserve(static_cast<std::size_t>(info.st_size));
+  std::size_t got = 0;
+  while ((got = std::fread(chunk, 1, sizeof chunk, file)) > 0) bytes.insert(bytes.end(), chunk, chunk + got);
+  const bool ok = std::ferror(file) == 0;
+  std::fclose(file);
+  return ok;
 }
 
 int build(const std::string& command, const std::string& text, const std::string& viewer, bool binary) {
@@ -142,19 +162,10 @@ int main(int argc, char** argv) {
     std::vector<unsigned char> bytes;
     if (name == "-") {
       bytes.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
-    } else {
-      std::ifstream in(name, std::ios::binary);
-      if (!in) {
-        std::cerr << name << ": cannot be opened\n";
-        unreadable = true;
-        continue;
-      }
-      bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-      if (in.bad()) {
-        std::cerr << name << ": cannot be read\n";
-        unreadable = true;
-        continue;
-      }
+    } else if (!readWhole(name, bytes)) {
+      std::cerr << name << ": cannot be read: " << std::strerror(errno) << "\n";
+      unreadable = true;
+      continue;
     }
     const traffic::Form chosen = formName == "hex"       ? traffic::Form::Hex
                                  : formName == "binary"  ? traffic::Form::Binary
