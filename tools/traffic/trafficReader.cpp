@@ -249,9 +249,9 @@ void readCapture(std::FILE* file, int port, Sink& sink) {
       sink.fault(offset, where + "an IP fragment: reassemble the capture first");
       continue;
     }
-    if (captured < payload || header->len > header->caplen) {
-      sink.fault(offset, where + "captured " + std::to_string(captured < payload ? captured : payload) +
-                             " of the datagram's " + std::to_string(payload) + " bytes");
+    if (captured < payload) {
+      sink.fault(offset, where + "captured " + std::to_string(captured) + " of the datagram's " +
+                             std::to_string(payload) + " bytes");
       continue;
     }
     const std::string fault = imageFault(bytes, payload);
