@@ -16,6 +16,11 @@ std::string& bench::rtiExecution() {
   return theExecution;
 }
 
+std::string& bench::rti1516eExecution() {
+  static std::string theExecution = "hla1516e+thread:///VistralBench1516e";
+  return theExecution;
+}
+
 namespace {
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
@@ -55,10 +60,13 @@ class RatioReporter : public benchmark::ConsoleReporter {
 // Takes the program's own options out of argv, leaving Google Benchmark's.
 void takeOwnOptions(int* argc, char** argv) {
   const char* const rtiOption = "--rti_execution=";
+  const char* const rti1516eOption = "--rti1516e_execution=";
   int kept = 1;
   for (int i = 1; i < *argc; ++i) {
     if (std::strncmp(argv[i], rtiOption, std::strlen(rtiOption)) == 0) {
       bench::rtiExecution() = argv[i] + std::strlen(rtiOption);
+    } else if (std::strncmp(argv[i], rti1516eOption, std::strlen(rti1516eOption)) == 0) {
+      bench::rti1516eExecution() = argv[i] + std::strlen(rti1516eOption);
     } else {
       argv[kept++] = argv[i];
     }

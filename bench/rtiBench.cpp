@@ -1,5 +1,6 @@
-// One orbit command through an HLA 1.3 RTI to one subscribed federate that speaks the raw API, from three
-// senders: a remote controller; a raw HLA 1.3 sender of the controller's bytes, whose parameter set is built
+// One orbit command through an RTI (HLA 1.3, and HLA Evolved in a benchmark of its own) to one subscribed
+// federate that speaks the edition's raw API, from three
+// senders: a remote controller; a raw sender of the controller's bytes, whose parameter set (or map) is built
 // once (the RTI's own cost, the floor); and a raw sender that writes the bytes by hand and refills its set
 // for every message (the same work as the controller's, done by hand). All senders subscribe too, as a
 // controller listens for reports. Rounds rotate the senders; each sends a batch and the subscriber is ticked
@@ -13,7 +14,7 @@
 #include "benchOptions.h"
 #include "tarvex/tarvexConfig.h"
 
-#if TARVEX_HAVE_RTI13
+#if TARVEX_HAVE_RTI13 || TARVEX_HAVE_RTI1516E
 #include <time.h>
 
 #include <algorithm>
@@ -36,7 +37,7 @@
 #endif
 
 namespace {
-#if TARVEX_HAVE_RTI13
+#if TARVEX_HAVE_RTI13 || TARVEX_HAVE_RTI1516E
 using Clock = std::chrono::steady_clock;
 
 constexpr int kBatch = 1000;
@@ -119,9 +120,11 @@ struct Sender {
   }
 };
 
-void BM_RtiOrbitToSubscriber(benchmark::State& state) {
+// Joins a raw federate of the benchmark's edition, by name, to the execution the controller made.
+using JoinRaw = std::function<std::unique_ptr<RawFederate>(const std::string& name)>;
+
+void orbitToSubscriber(benchmark::State& state, const std::string& execution, const JoinRaw& joinRaw) {
   try {
-    const std::string& execution = bench::rtiExecution();
     // The controller's connection creates the execution from the built-in FOM; the raw federates join it.
     DtExerciseConn conn(execution.c_str(), "bench-controller");
     DtVistralControlRegister(&conn);
@@ -138,9 +141,9 @@ void BM_RtiOrbitToSubscriber(benchmark::State& state) {
       return;
     }
 
-    const std::unique_ptr<RawFederate> subscriber = RawFederate::join(execution, "bench-subscriber");
-    const std::unique_ptr<RawFederate> raw = RawFederate::join(execution, "bench-raw-sender");
-    const std::unique_ptr<RawFederate> hand = RawFederate::join(execution, "bench-hand-sender");
+    const std::unique_ptr<RawFederate> subscriber = joinRaw("bench-subscriber");
+    const std::unique_ptr<RawFederate> raw = joinRaw("bench-raw-sender");
+    const std::unique_ptr<RawFederate> hand = joinRaw("bench-hand-sender");
     subscriber->subscribe();
     for (RawFederate* f : {raw.get(), hand.get()}) {
       f->subscribe();
@@ -218,14 +221,44 @@ void BM_RtiOrbitToSubscriber(benchmark::State& state) {
     state.SkipWithError(e.what());
   }
 }
-#else
+#endif
+
 void BM_RtiOrbitToSubscriber(benchmark::State& state) {
+#if TARVEX_HAVE_RTI13
+  const std::string& execution = bench::rtiExecution();
+  orbitToSubscriber(state, execution,
+                    [&](const std::string& name) { return RawFederate::join(execution, name); });
+#else
   state.SkipWithError(
       "skipped: this build has no HLA 1.3 RTI (configure with -DVISTRAL_RTI13_ROOT=<prefix>)");
   for (auto _ : state) {
   }
-}
 #endif
+}
+
+// The same on HLA Evolved: the raw senders build a parameter map (the hand-made one a new map for each
+// message, as an application without the library would).
+void BM_Rti1516eOrbitToSubscriber(benchmark::State& state) {
+#if TARVEX_HAVE_RTI1516E
+  // "hla1516e+<settings>/<name>": the raw federates connect with the same settings to the same execution.
+  const std::string& execution = bench::rti1516eExecution();
+  const auto slash = execution.rfind('/');
+  const std::string prefix = "hla1516e+";
+  const std::string settings = execution.compare(0, prefix.size(), prefix) == 0 && slash != std::string::npos
+                                   ? execution.substr(prefix.size(), slash - prefix.size())
+                                   : "";
+  const std::string name = execution.substr(slash == std::string::npos ? execution.find(':') + 1 : slash + 1);
+  orbitToSubscriber(state, execution, [&](const std::string& federate) {
+    return RawFederate::join1516e(settings, name, federate);
+  });
+#else
+  state.SkipWithError(
+      "skipped: this build has no HLA Evolved RTI (configure with -DVISTRAL_RTI1516E_ROOT=<prefix>)");
+  for (auto _ : state) {
+  }
+#endif
+}
 // Each iteration is one round of every sender, kBatch messages each; the reported time is the library's.
 BENCHMARK(BM_RtiOrbitToSubscriber)->Iterations(60)->UseManualTime()->Unit(benchmark::kNanosecond);
+BENCHMARK(BM_Rti1516eOrbitToSubscriber)->Iterations(60)->UseManualTime()->Unit(benchmark::kNanosecond);
 }  // namespace

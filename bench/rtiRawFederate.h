@@ -1,6 +1,6 @@
-// A federate that uses the HLA 1.3 API directly, as an application without the library would: the floor that
-// the library's path through an RTI is measured against. Its source is built at the level the RTI's headers
-// accept and shows the benchmarks nothing of them.
+// A federate that uses an RTI's API directly (HLA 1.3 or HLA Evolved), as an application without the library
+// would: the floor that the library's path through an RTI is measured against. Its source is built at the
+// level the RTI's headers accept and shows the benchmarks nothing of them.
 #pragma once
 
 #include <memory>
@@ -12,6 +12,10 @@ class RawFederate {
 
   // Joins an execution that exists already. Throws std::runtime_error with the RTI's reason.
   static std::unique_ptr<RawFederate> join(const std::string& execution, const std::string& name);
+  // The same through an HLA Evolved RTI, connected with its local settings designator
+  // (rti1516eRawFederate.cpp).
+  static std::unique_ptr<RawFederate> join1516e(const std::string& localSettings,
+                                                const std::string& execution, const std::string& name);
 
   // Subscribes to "ViewControl"; received() counts what arrives.
   virtual void subscribe() = 0;

@@ -3,13 +3,11 @@
 // and removes objects, and what is left goes when the drawer does. The viewer prints each PDU it receives.
 #include "demoDrawing.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstring>
 #include <iostream>
-#include <thread>
 #include <vector>
+
+#include "demoDelivery.h"
 
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
@@ -44,28 +42,6 @@ void printDrawn(DtVistralControlInteraction* inter, void*) {
 }
 }  // namespace
 
-void settle(std::initializer_list<DtExerciseConn*> conns) {
-  const auto take = [&] {
-    int n = 0;
-    for (DtExerciseConn* conn : conns) n += conn->processIncoming();
-    return n;
-  };
-  take();
-  const bool network = std::any_of(conns.begin(), conns.end(), [](DtExerciseConn* c) {
-    return std::strcmp(c->backendName(), "inprocess") != 0;
-  });
-  if (!network) return;
-  using Clock = std::chrono::steady_clock;
-  const auto giveUp = Clock::now() + std::chrono::seconds(2);
-  for (auto quietFrom = Clock::now();
-       Clock::now() - quietFrom < std::chrono::milliseconds(20) && Clock::now() < giveUp;) {
-    if (take() > 0)
-      quietFrom = Clock::now();
-    else
-      std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-}
-
 bool drawingScene(DtExerciseConn& viewer, DtExerciseConn& app, const std::function<void()>& whileDrawn) {
   using Seg = DtVdcLineSegment;
   DtVistralControlInteraction::addCallback(&viewer, &printDrawn, nullptr);
@@ -75,7 +51,7 @@ bool drawingScene(DtExerciseConn& viewer, DtExerciseConn& app, const std::functi
     auto step = [&](const char* what, int pdus) {
       std::cout << "\n--> " << what << "\n";
       sent += pdus;
-      settle({&viewer});
+      deliverUntil([&] { return received == sent; }, {&viewer});
     };
 
     const unsigned layer = drawer.nextId();
@@ -153,7 +129,7 @@ bool drawingScene(DtExerciseConn& viewer, DtExerciseConn& app, const std::functi
     std::cout << "\n--> the drawer goes; what it still holds is removed in ascending id order\n";
     sent += 11;  // one remove for each object still held; the layout's templates are its own, not held
   }
-  settle({&viewer});
+  deliverUntil([&] { return received == sent; }, {&viewer});
   DtVistralControlInteraction::removeCallback(&viewer, &printDrawn, nullptr);
   std::cout << "\n" << sent << " draw PDUs sent, " << received << " received by the viewer\n";
   return received == sent;

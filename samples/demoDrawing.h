@@ -3,15 +3,9 @@
 #pragma once
 
 #include <functional>
-#include <initializer_list>
 
 class DtExerciseConn;
 
 // Returns whether the viewer received every PDU the drawer sent through app. whileDrawn runs once the whole
 // scene has reached the viewer, before the drawer goes and takes it away.
 bool drawingScene(DtExerciseConn& viewer, DtExerciseConn& app, const std::function<void()>& whileDrawn = {});
-
-// Lets each connection take what has arrived for it. In the process's own federation everything has arrived
-// when the send returns; over a network it may still be on its way, so they keep taking until nothing has
-// come for a moment.
-void settle(std::initializer_list<DtExerciseConn*> conns);

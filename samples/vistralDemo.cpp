@@ -1,5 +1,5 @@
-// The main demo, on the in-process federation, or over DIS or an RTI when asked. The viewer is the headless
-// viewer emulator throughout.
+// The main demo, on the in-process federation or, when asked, on any network a connection can join (DIS, an
+// RTI of either HLA edition). The viewer is the headless viewer emulator throughout.
 //
 //   vistralDemo [--federation NAME] [--viewer-federation NAME] [OUTDIR]
 //
@@ -22,6 +22,7 @@
 #include <memory>
 #include <string>
 
+#include "demoDelivery.h"
 #include "demoDrawing.h"
 #include "demoPdus.h"
 #include "tarvex/dtCmdLine.h"
@@ -82,7 +83,7 @@ bool everyFamily(DtVistralEmulator& emulator) {
     if (!controller.sendInteraction(inter)) continue;
     ++sent;
     inbox.sent = pdu.get();
-    settle({&viewer});
+    deliverUntil([&] { return inbox.received == sent; }, {&viewer});
   }
   DtVistralControlInteraction::removeCallback(&viewer, &printArrival, &inbox);
   std::cout << "\n" << sent << " sent, " << inbox.received << " received by the viewer\n";
@@ -112,12 +113,13 @@ bool steeringSession(DtVistralEmulator& viewer) {
   const float radius = 120, heading = 0.5f, pitch = -0.3f, rate = 0.1f;
   const DtGlobalObjectDesignatorList group{"1:3001:12", "1:3001:13", "1:3002:5"};
 
+  // The viewer takes the command, then the request (one sender's interactions arrive in order), and answers.
   const auto step = [&](const char* what, auto&& command) {
     std::cout << "\n--> " << what << "\n";
+    const int before = reports;
     command();
-    settle({viewer.connection()});
     controller.requestCurrentViewMode(kViewer);
-    settle({viewer.connection(), &conn});
+    deliverUntil([&] { return reports > before; }, {viewer.connection(), &conn});
   };
   step("absolute mode", [&] { controller.setAbsoluteMode(&location, &look); });
   step("tether mode", [&] { controller.setTetherMode(&tank, &offset, &look); });
@@ -153,7 +155,7 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
   const DtString lead("1:3001:12");
   const float radius = 150, heading = 0.8f;
   controller.setOrbitMode(&lead, &radius, &heading, nullptr, nullptr);
-  settle({viewer.connection()});
+  deliverUntil([&] { return viewer.state().view.mode == DtVcOrbit; }, {viewer.connection()});
 
   bool written = false;
   const auto writeWhatTheViewerShows = [&] {
@@ -184,7 +186,8 @@ int main(int argc, char** argv) {
                 "54.0");
   const int federation = cmd.addValue("federation", "f", "NAME",
                                       "the application's federation: the process's own (any name), "
-                                      "dis://HOST:PORT[?OPTIONS] for DIS over UDP, or an RTI 1.3's URL",
+                                      "dis://HOST:PORT[?OPTIONS] for DIS over UDP, or an RTI's name "
+                                      "(HLA 1.3 or, hla1516e..., HLA Evolved)",
                                       theExecution);
   const int viewerFederation =
       cmd.addValue("viewer-federation", "", "NAME", "the viewer's (default: the application's)", "");
@@ -212,8 +215,8 @@ int main(int argc, char** argv) {
     const bool session = steeringSession(viewer);
     const bool drawing = drawingSession(viewer, outDir);
     const DtEmulatorState& state = viewer.state();
-    std::cout << "\nthe viewer took " << state.counters.received << " PDUs and sent " << state.counters.answered
-              << " reports\n";
+    std::cout << "\nthe viewer took " << state.counters.received << " PDUs and sent "
+              << state.counters.answered << " reports\n";
     return families && session && drawing ? 0 : 1;
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";

@@ -311,12 +311,15 @@ int main(int argc, char** argv) {
                 "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "the viewer to steer", "vistral-1");
   const int controller = cmd.addValue("controller", "c", "NAME", "this controller's id", "vistralSteer");
-  const int federation = cmd.addValue("federation", "f", "NAME",
-                                      "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP "
-                                      "(two processes on one host: ?listen=PORT), rti://HOST:PORT/NAME or "
-                                      "thread:///NAME for an RTI 1.3 when one is built in",
-                                      "VistralControl");
-  const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP (two processes on "
+                   "one host: ?listen=PORT); rti://HOST:PORT/NAME or thread:///NAME for an RTI 1.3; "
+                   "hla1516e+rti://HOST:PORT/NAME, hla1516e+thread:///NAME or hla1516e:NAME for an HLA "
+                   "Evolved RTI; each RTI when built in",
+                   "VistralControl");
+  const int fed =
+      cmd.addValue("fed", "", "FILE", "the FED file (HLA Evolved: FOM modules, separated by ';')", "");
   const int print = cmd.addSwitch("print", "p", "also print every PDU sent");
   const int wait = cmd.addValue("wait", "w", "SECONDS", "how long request-state waits for the report", "2");
   cmd.setPositionalHelp("COMMAND [ARGS...]", commandsHelp(table));
@@ -356,7 +359,7 @@ int main(int argc, char** argv) {
   }
   try {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
-    const char* backend = nullptr;  // chosen by the execution name: dis:// means DIS, another URL the RTI
+    const char* backend = nullptr;  // chosen by the execution name's form
     DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(controller).c_str(), fedFile, backend,
                         nullptr);
     DtVistralControlRegister(&conn);

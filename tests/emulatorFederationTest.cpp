@@ -1,9 +1,12 @@
 // The viewer emulator as a federate: a controller in another federate steers it, asks for its state and hears
 // the status form of its mode in its callback. Run on each federation backend, like the federation scenarios:
 //   --execution=Emulator | thread:///Emulator | rti://127.0.0.1:PORT/Emulator [--port-file=<file>]
+//   --execution=hla1516e+thread:///Emulator | hla1516e+rti://127.0.0.1:PORT/Emulator | hla1516e:Emulator
+//   --env-file=<file>  NAME=value lines set in the environment before any connection
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -21,7 +24,8 @@
 namespace {
 std::string theExecution = "Emulator";
 
-bool overRti() { return theExecution.find("://") != std::string::npos; }
+bool evolved() { return theExecution.rfind("hla1516e", 0) == 0; }
+bool overRti() { return evolved() || theExecution.find("://") != std::string::npos; }
 
 struct Report {
   int command = 0;
@@ -43,8 +47,10 @@ void heard(const DtVistralControlPdu& pdu, void* usr) {
 }  // namespace
 
 TEST(EmulatorFederation, ARequestIsAnsweredToTheControllersCallbackInAnotherFederate) {
-  if (overRti() && !DtExerciseConn::rtiBackendBuiltIn())
-    GTEST_SKIP() << "no HLA 1.3 RTI is built in (configure with -DVISTRAL_RTI13_ROOT) for " << theExecution;
+  if (overRti() &&
+      !(evolved() ? DtExerciseConn::rti1516eBackendBuiltIn() : DtExerciseConn::rtiBackendBuiltIn()))
+    GTEST_SKIP() << "no RTI of that edition is built in (VISTRAL_RTI13_ROOT, VISTRAL_RTI1516E_ROOT) for "
+                 << theExecution;
   const std::string execution = theExecution + "-answer";
   DtVistralEmulator emulator(execution.c_str(), "vistral-1");
   DtExerciseConn conn(execution.c_str(), "app", static_cast<DtFomMapper*>(nullptr), nullptr, nullptr);
@@ -93,6 +99,13 @@ int main(int argc, char** argv) {
     const std::string arg = argv[i];
     if (arg.rfind("--execution=", 0) == 0) theExecution = arg.substr(12);
     if (arg.rfind("--port-file=", 0) == 0) portFile = arg.substr(12);
+    if (arg.rfind("--env-file=", 0) == 0) {
+      std::ifstream in(arg.substr(11));
+      for (std::string line; std::getline(in, line);) {
+        const auto eq = line.find('=');
+        if (eq != std::string::npos) setenv(line.substr(0, eq).c_str(), line.substr(eq + 1).c_str(), 1);
+      }
+    }
   }
   if (!portFile.empty()) {
     std::ifstream in(portFile);

@@ -4,6 +4,8 @@
 //   --execution=thread:///Scenario           an RTI in this process
 //   --execution=rti://127.0.0.1:PORT/Scenario  an RTI server (PORT may be read from --port-file=<file>)
 //   --backend=rti13 --execution=Scenario     an RTI that finds its server by the environment
+//   --execution=hla1516e+thread:///Scenario, hla1516e+rti://127.0.0.1:PORT/Scenario, hla1516e:Scenario
+//                                            the same over an HLA Evolved RTI
 //   --env-file=<file>                        NAME=value lines set in the environment before any connection
 //   --fed-dir=<dir>                          where the test FED files are
 // Over an RTI, a build without one skips every test and says so.
@@ -35,16 +37,26 @@ std::string theExecution = "Scenario";
 std::string theBackend;  // empty: chosen by the execution name
 std::string theFedDir = ".";
 
-bool overRti() { return theBackend == "rti13" || theExecution.find("://") != std::string::npos; }
+bool evolved() { return theBackend == "rti1516e" || theExecution.rfind("hla1516e", 0) == 0; }
+bool overRti() { return theBackend == "rti13" || evolved() || theExecution.find("://") != std::string::npos; }
+bool rtiBuiltIn() {
+  return evolved() ? DtExerciseConn::rti1516eBackendBuiltIn() : DtExerciseConn::rtiBackendBuiltIn();
+}
+
+// A test FOM of the federation's edition: a FOM module or a FED file.
+std::string testFom(const std::string& name) {
+  return theFedDir + "/" + name + (evolved() ? ".xml" : ".fed");
+}
 
 const char* backend() { return theBackend.empty() ? nullptr : theBackend.c_str(); }
 
 // One execution per test, so that tests do not hear each other.
 std::string execution(const std::string& suffix) { return theExecution + "-" + suffix; }
 
-#define SKIP_WITHOUT_BACKEND()                           \
-  if (overRti() && !DtExerciseConn::rtiBackendBuiltIn()) \
-  GTEST_SKIP() << "no HLA 1.3 RTI is built in (configure with -DVISTRAL_RTI13_ROOT) for " << theExecution
+#define SKIP_WITHOUT_BACKEND()                                                                          \
+  if (overRti() && !rtiBuiltIn())                                                                       \
+  GTEST_SKIP() << "no RTI of that edition is built in (VISTRAL_RTI13_ROOT, VISTRAL_RTI1516E_ROOT) for " \
+               << theExecution
 
 // A federate that records every control PDU it receives: its class and its bytes.
 struct Federate {
@@ -159,7 +171,7 @@ TEST(FederationScenario, EveryOtherFederateReceivesEachPduInOrderNeverTheSender)
 
 TEST(FederationScenario, NothingTravelsWhenTheFomLacksViewControl) {
   SKIP_WITHOUT_BACKEND();
-  const std::string fed = theFedDir + "/noViewControl.fed";
+  const std::string fed = testFom("noViewControl");
   const std::string notInFom =
       "Can't add decoders and encoders for interaction class ViewControl: Not in FOM.\n";
   std::ostringstream warnings;
@@ -175,6 +187,53 @@ TEST(FederationScenario, NothingTravelsWhenTheFomLacksViewControl) {
   quietPeriod(b);
   EXPECT_TRUE(b.got.empty());
   EXPECT_EQ(warnings.str(), notInFom + notInFom);  // sending says nothing more
+}
+
+// Tests named Evolved... run on HLA Evolved only (main() leaves them out elsewhere).
+TEST(FederationScenario, EvolvedFomModulesJoinedTogetherAreOneTable) {
+  SKIP_WITHOUT_BACKEND();
+  const std::string modules = testFom("noViewControl") + ";" + theFedDir + "/../../fom/ViewControl.xml";
+  Federate a(execution("modules"), "A", modules.c_str());
+  Federate b(execution("modules"), "B");  // the built-in module alone: the execution merges it
+  EXPECT_NE(a.conn.interClassDescByName("HLAinteractionRoot.Chat"), nullptr);
+  EXPECT_EQ(b.conn.interClassDescByName("Chat"), nullptr);
+  ASSERT_TRUE(b.send(*samplePdus()[0]));
+  settle({{&a, 1}});
+  ASSERT_EQ(a.got.size(), 1u);
+  EXPECT_EQ(a.got[0].image, imageOf(*samplePdus()[0]));
+}
+
+TEST(FederationScenario, EvolvedMappedNamesTravelUnderTheModulesNames) {
+  SKIP_WITHOUT_BACKEND();
+  DtFomMapper mapper;
+  mapper.mapInteractionClass("ViewControl", "ViewerCommand");
+  mapper.mapParameter("ViewerCommand", "ViewControlPdu", "Image");
+  const std::string fom = testFom("renamed");
+  DtExerciseConn sender(execution("mapped").c_str(), "sender", &mapper, fom.c_str());
+  DtExerciseConn receiver(execution("mapped").c_str(), "receiver", &mapper, fom.c_str());
+  const DtInterClassDesc* desc = sender.interClassDescByName("ViewControl");
+  ASSERT_NE(desc, nullptr);
+  EXPECT_EQ(desc->fullName(), "HLAinteractionRoot.Tools.ViewerCommand");
+  EXPECT_EQ(desc->parameterCount(), 2);  // Origin, inherited, and Image
+  DtVistralControlRegister(&sender);
+  DtVistralControlRegister(&receiver);
+  std::vector<Bytes> got;
+  auto keep = [](DtVistralControlInteraction* inter, void* usr) {
+    static_cast<std::vector<Bytes>*>(usr)->push_back(imageOf(*inter->vcPdu()));
+  };
+  DtVistralControlInteraction::addCallback(&receiver, keep, &got);
+  const auto pdus = samplePdus();
+  DtVistralControlInteraction inter;
+  inter.setVcPdu(*pdus[2]);
+  ASSERT_TRUE(sender.sendInteraction(inter));
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (got.empty() && std::chrono::steady_clock::now() < deadline) {
+    receiver.processIncoming();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  ASSERT_EQ(got.size(), 1u);
+  EXPECT_EQ(got[0], imageOf(*pdus[2]));
+  DtVistralControlInteraction::removeCallback(&receiver, keep, &got);
 }
 
 TEST(FederationScenario, RemovedCallbackHearsNothingMore) {
@@ -252,18 +311,34 @@ TEST(FederationScenario, ControllerSteersAViewerAndHearsItsReport) {
   EXPECT_EQ(reports.size(), 1u);
 }
 
+// From scenarioAmbassador.cpp and scenario1516eAmbassador.cpp, which include the RTI's headers (at the level
+// they accept) and not ours.
 #if TARVEX_HAVE_RTI13
-// From scenarioAmbassador.cpp, which includes the RTI's headers (at the level they accept) and not ours.
 void* scenarioMakeAmbassador();
 void scenarioDropAmbassador(void* ambassador);
+#endif
+#if TARVEX_HAVE_RTI1516E
+void* scenarioMake1516eAmbassador();
+void scenarioDrop1516eAmbassador(void* ambassador);
+#endif
 
 TEST(FederationScenario, JoinsThroughTheApplicationsOwnAmbassador) {
-  if (!overRti()) GTEST_SKIP() << "only the RTI backend takes an RTI ambassador";
+  if (!overRti()) GTEST_SKIP() << "only the RTI backends take an RTI ambassador";
+  void* (*make)() = nullptr;
+  void (*drop)(void*) = nullptr;
+#if TARVEX_HAVE_RTI13
+  if (!evolved()) make = &scenarioMakeAmbassador, drop = &scenarioDropAmbassador;
+#endif
+#if TARVEX_HAVE_RTI1516E
+  if (evolved()) make = &scenarioMake1516eAmbassador, drop = &scenarioDrop1516eAmbassador;
+#endif
+  if (make == nullptr) GTEST_SKIP() << "no RTI of that edition is built in for " << theExecution;
   // The application's; it outlives the connection.
-  const std::unique_ptr<void, void (*)(void*)> ambassador(scenarioMakeAmbassador(), &scenarioDropAmbassador);
+  const std::unique_ptr<void, void (*)(void*)> ambassador(make(), drop);
   Federate viewer(execution("ambassador"), "viewer");
   const char* builtInFom = nullptr;
-  DtExerciseConn app(execution("ambassador").c_str(), "app", builtInFom, "rti13", ambassador.get());
+  DtExerciseConn app(execution("ambassador").c_str(), "app", builtInFom, evolved() ? "rti1516e" : "rti13",
+                     ambassador.get());
   EXPECT_EQ(app.initStatus(), DtInitJoinedExecution);
   DtVistralControlRegister(&app);
   DtVistralControlInteraction inter;
@@ -274,7 +349,6 @@ TEST(FederationScenario, JoinsThroughTheApplicationsOwnAmbassador) {
   ASSERT_EQ(viewer.got.size(), 1u);
   EXPECT_EQ(viewer.got[0].image, imageOf(*pdus[2]));
 }
-#endif
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
@@ -299,6 +373,10 @@ int main(int argc, char** argv) {
     in >> port;
     const auto at = theExecution.find("PORT");
     if (at != std::string::npos) theExecution.replace(at, 4, port.empty() ? "0" : port);
+  }
+  if (!evolved()) {
+    std::string& filter = testing::GTEST_FLAG(filter);
+    filter += filter.find('-') == std::string::npos ? "-*.Evolved*" : ":*.Evolved*";
   }
   std::printf("federation: %s\n", theExecution.c_str());
   return RUN_ALL_TESTS();

@@ -1,18 +1,24 @@
 // A headless viewer on a federation: takes the control PDUs addressed to its viewer id, answers requests for
 // its state (through its connection: over DIS, to the address or group it uses), and on leaving writes what
-// it would show (SVG, PNG) and its whole state (JSON).
+// it would show (SVG, PNG) and its whole state (JSON). With --http it shows all that live in a browser while
+// it runs.
 //
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
-//                   [--svg FILE] [--png FILE] [--json FILE] [--quiet]
+//                   [--svg FILE] [--png FILE] [--json FILE] [--http [HOST:]PORT] [--quiet] [--dump]
 #include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
+#include <memory>
 #include <thread>
 
 #include "tarvex/dtCmdLine.h"
 #include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/hVistralControlInter.h"
+#include "vistralemulator/emulatorLiveView.h"
 #include "vistralemulator/emulatorPicture.h"
 #include "vistralemulator/emulatorSnapshot.h"
 #include "vistralemulator/vistralEmulator.h"
@@ -21,12 +27,29 @@ namespace {
 volatile std::sig_atomic_t theStop = 0;
 void stop(int) { theStop = 1; }
 
+bool theDump = false;  // print each received PDU's fields too
+
 void printArrival(DtVistralControlInteraction* inter, void*) {
   const DtVistralControlPdu* pdu = inter->vcPdu();
   if (pdu == nullptr) return;
   const DtString viewer = pdu->viewerId();
   std::cout << "received " << DtEmulatorModeName(pdu->viewerCommand()) << " for " << viewer << " from "
             << pdu->senderId() << " (" << pdu->length() << " bytes)\n";
+  if (theDump) pdu->printData();
+}
+
+// The live view's page: beside the program in a build tree, in the data folder of an install.
+std::string livePage(const char* argv0) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path program = fs::read_symlink("/proc/self/exe", error);
+  if (error) program = fs::absolute(argv0, error);
+  const fs::path here = program.parent_path();
+  for (const fs::path& page : {here / "liveView.html", here / VISTRAL_PAGE_FROM_PROGRAM / "liveView.html"}) {
+    std::ifstream in(page, std::ios::binary);
+    if (in) return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
+  return {};
 }
 
 bool write(bool ok, const std::string& what, const std::string& path) {
@@ -41,17 +64,24 @@ int main(int argc, char** argv) {
       "A headless Vistral viewer: takes control PDUs, answers state requests, writes what it would show.",
       "54.0");
   const int viewer = cmd.addValue("viewer", "t", "NAME", "this viewer's id", "vistral-1");
-  const int federation = cmd.addValue("federation", "f", "NAME",
-                                      "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP "
-                                      "(two processes on one host: ?listen=PORT), rti://HOST:PORT/NAME or "
-                                      "thread:///NAME for an RTI 1.3 when one is built in",
-                                      "VistralControl");
-  const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP (two processes on "
+                   "one host: ?listen=PORT); rti://HOST:PORT/NAME or thread:///NAME for an RTI 1.3; "
+                   "hla1516e+rti://HOST:PORT/NAME, hla1516e+thread:///NAME or hla1516e:NAME for an HLA "
+                   "Evolved RTI; each RTI when built in",
+                   "VistralControl");
+  const int fed =
+      cmd.addValue("fed", "", "FILE", "the FED file (HLA Evolved: FOM modules, separated by ';')", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "run for N seconds (0: until interrupted)", "0");
   const int svg = cmd.addValue("svg", "", "FILE", "write the picture as SVG on leaving", "");
   const int png = cmd.addValue("png", "", "FILE", "write the picture as PNG on leaving", "");
   const int json = cmd.addValue("json", "", "FILE", "write the state snapshot as JSON on leaving", "");
+  const int http =
+      cmd.addValue("http", "", "[HOST:]PORT",
+                   "serve a live view of the viewer at http://HOST:PORT/ (HOST 127.0.0.1 unless given)", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
+  const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
   switch (cmd.parse(argc, argv)) {
     case DtCmdLine::Result::Help:
       cmd.printUsage(std::cout);
@@ -76,6 +106,23 @@ int main(int argc, char** argv) {
   try {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
     DtVistralEmulator emulator(cmd.value(federation).c_str(), cmd.value(viewer), fedFile);
+    theDump = cmd.isSet(dump);
+    std::unique_ptr<DtEmulatorLiveView> live;
+    if (!cmd.value(http).empty()) {
+      std::string page = livePage(argv[0]);
+      if (page.empty()) {
+        std::cerr << "the live view's page (liveView.html) is not installed beside the program\n";
+        return 1;
+      }
+      try {
+        live = std::make_unique<DtEmulatorLiveView>(cmd.value(http), std::move(page));
+      } catch (const std::exception& e) {
+        std::cerr << e.what() << "\n";
+        return 2;
+      }
+      emulator.setLiveView(live.get());
+      std::cout << "live view at " << live->url() << std::endl;
+    }
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
     std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
@@ -86,6 +133,12 @@ int main(int argc, char** argv) {
     if (!cmd.isSet(quiet))
       DtVistralControlInteraction::removeCallback(emulator.connection(), &printArrival, nullptr);
     const DtEmulatorState& state = emulator.state();
+    if (live) {
+      // The pages show the last state, then hear that the viewer has gone.
+      emulator.setLiveView(nullptr);
+      live->setInterval(std::chrono::milliseconds(0));
+      live->publish(state);
+    }
     std::cout << "leaving in " << DtEmulatorModeName(state.view.mode) << " with " << state.objects.size()
               << " objects, " << state.counters.received << " PDUs received, " << state.counters.answered
               << " state reports sent\n";
@@ -96,6 +149,7 @@ int main(int argc, char** argv) {
       ok &= write(DtWriteEmulatorPicture(state, cmd.value(png)), "picture", cmd.value(png));
     if (!cmd.value(json).empty())
       ok &= write(DtWriteEmulatorSnapshot(state, cmd.value(json)), "snapshot", cmd.value(json));
+    live.reset();
     return ok ? 0 : 1;
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";

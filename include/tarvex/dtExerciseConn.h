@@ -8,6 +8,20 @@
 // for by name; otherwise it uses the in-process federation. Asking for the RTI in a build without one is a
 // DtException.
 //
+// HLA Evolved. An IEEE 1516-2010 RTI backend is built in when the project is configured with one
+// (VISTRAL_RTI1516E_ROOT); it speaks only the standard 1516e C++ API, and the same PDU bytes travel as the
+// HLAopaqueData parameter of the same interaction. A connection uses it when its execution name names the
+// edition, or when the backend "rti1516e" is asked for by name:
+//   "hla1516e+<scheme>://<host>/<execution>"  the RTI's local settings designator "<scheme>://<host>", e.g.
+//       "hla1516e+rti://127.0.0.1:14321/Exec" (an RTI server), "hla1516e+thread:///Exec" (an RTI in this
+//       process)
+//   "hla1516e:<execution>" or "hla1516e:///<execution>"  the RTI's own default connection (one that finds its
+//       server by its environment)
+// Its FOM is one or more FOM modules (OMT 1516-2010 XML), given in place of the FED file as paths separated
+// by ';' and merged in that order; with none, the project's ViewControl.xml, which is built into the library.
+// A FED file there is a DtException: this edition takes FOM modules. Federates of the two editions never
+// share an execution, since each edition is its own RTI.
+//
 // FOM. The connection reads the FED file it is given (HLA 1.3 OMT text format; an unreadable or malformed
 // file is a DtException naming the file and line); with none, the project's ViewControl.fed, which is built
 // into the library. Its interaction classes form the connection's interaction-class table, with the handles
@@ -121,17 +135,18 @@ struct DtDatagramStatistics {
 // delivery are chosen.
 class TARVEX_EXPORT DtExerciseConn {
  public:
-  // executionName: the federation execution; "dis://..." selects DIS over UDP, another URL ("rti://...",
-  // "thread://...") the RTI backend.
+  // executionName: the federation execution; a URL ("rti://...", "thread://...") selects the HLA 1.3 RTI
+  // backend, "hla1516e:..." or "hla1516e+<url>" the HLA Evolved one, "dis://..." DIS over UDP.
   // federateName: this federate's name. fomMapper: copied; null maps every name to itself. fedFile: path of a
-  // FED file; null or "" for the built-in ViewControl FOM. initStatus: if given, receives whether this
-  // connection created the execution or joined it. Failures throw DtException.
+  // FED file (HLA Evolved: FOM modules, separated by ';'); null or "" for the built-in ViewControl FOM.
+  // initStatus: if given, receives whether this connection created the execution or joined it. Failures
+  // throw DtException.
   DtExerciseConn(const char* executionName, const char* federateName, DtFomMapper* fomMapper = nullptr,
                  const char* fedFile = nullptr, DtInitStatus* initStatus = nullptr);
-  // backend: "inprocess", "rti13", "dis", or null/"" to decide by the execution name as above. rtiAmbassador:
-  // an RTI::RTIambassador* that the application made and keeps owning, for the connection to join through
-  // (its first use must be by this connection); null to let the connection make its own. Only the RTI backend
-  // takes one.
+  // backend: "inprocess", "rti13", "rti1516e", "dis", or null/"" to decide by the execution name as above.
+  // rtiAmbassador: an RTI::RTIambassador* (rti13) or an unconnected rti1516e::RTIambassador* (rti1516e) that
+  // the application made and keeps owning, for the connection to join through (its first use must be by this
+  // connection); null to let the connection make its own. Only the RTI backends take one.
   DtExerciseConn(const char* executionName, const char* federateName, const char* fedFile,
                  const char* backend, void* rtiAmbassador);
   // Resigns; the last federate to leave destroys the execution.
@@ -141,11 +156,13 @@ class TARVEX_EXPORT DtExerciseConn {
 
   // Whether this build has an HLA 1.3 RTI backend (configured with VISTRAL_RTI13_ROOT).
   static bool rtiBackendBuiltIn();
+  // Whether the HLA Evolved (IEEE 1516-2010) backend is built in.
+  static bool rti1516eBackendBuiltIn();
 
   // The names the connection joined with.
   const DtString& executionName() const;
   const DtString& federateName() const;
-  // "inprocess", "rti13" or "dis".
+  // "inprocess", "rti13", "rti1516e" or "dis".
   const char* backendName() const;
   // Whether this connection created the execution or joined it.
   DtInitStatus initStatus() const;

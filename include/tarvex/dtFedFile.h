@@ -1,6 +1,7 @@
-// A federation object model read from an HLA 1.3 FED file (the OMT 1.3 text format): the interaction classes
-// with their parameters. Object classes and routing spaces are checked for syntax and otherwise not kept.
-// A file that cannot be read or parsed is a DtException naming the file and the line.
+// A federation object model read from an HLA 1.3 FED file (the OMT 1.3 text format), or from HLA Evolved FOM
+// modules (OMT 1516-2010 XML): the interaction classes with their parameters. Object classes, routing spaces
+// and data types are checked for syntax and otherwise not kept. A file that cannot be read or parsed is a
+// DtException naming the file and the line.
 #pragma once
 
 #include <string>
@@ -24,6 +25,13 @@ class TARVEX_EXPORT DtFedFile {
   static DtFedFile read(const std::string& path);
   // Parses FED text; source names it in error messages.
   static DtFedFile parse(const std::string& text, const std::string& source);
+  // Reads and parses the FOM module (XML) at path; the full names start at "HLAinteractionRoot".
+  static DtFedFile readFomModule(const std::string& path);
+  // Parses FOM module text; source names it in error messages.
+  static DtFedFile parseFomModule(const std::string& text, const std::string& source);
+  // Adds what other declares and this lacks: classes (after this one's, in other's order) and parameters of
+  // classes both declare, as an execution merges the FOM modules it is given.
+  void merge(const DtFedFile& other);
 
   // Where the text came from (the path, or the name given to parse), and the federation the file names.
   const std::string& source() const { return source_; }
@@ -35,6 +43,7 @@ class TARVEX_EXPORT DtFedFile {
 
  private:
   class Parser;
+  class ModuleParser;
   const DtFedInteractionClass* findExact(const std::string& fullName) const;
   std::string source_;
   std::string federationName_;

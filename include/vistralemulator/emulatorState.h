@@ -17,6 +17,45 @@
 using DtEmulatorValue = std::variant<bool, long long, double, std::string>;
 using DtEmulatorVec = std::array<double, 3>;
 
+// The names under which modes keep their fields (DtEmulatorModeState::fields) and the eye its place
+// (DtEmulatorEye::fields). A vector keeps each component under its name and a part ("location" + x:
+// "location.x"), angles each angle ("orientation" + psi: "orientation.psi").
+namespace DtEmulatorField {
+// Vectors: a position, a pivot point, the offsets of the modes that ride with an entity, the eye's position.
+inline constexpr char location[] = "location";
+inline constexpr char pivotPoint[] = "pivotPoint";
+inline constexpr char offset[] = "offset";
+inline constexpr char topoUpOffset[] = "topoUpOffset";
+inline constexpr char position[] = "position";
+// Angles: an orientation, a mimicking body's orientation.
+inline constexpr char orientation[] = "orientation";
+inline constexpr char bodyOrientation[] = "bodyOrientation";
+// The parts of a vector and of angles.
+inline constexpr char x[] = ".x";
+inline constexpr char y[] = ".y";
+inline constexpr char z[] = ".z";
+inline constexpr char psi[] = ".psi";
+inline constexpr char theta[] = ".theta";
+inline constexpr char phi[] = ".phi";
+// The entities a mode follows or looks at, with their marking texts.
+inline constexpr char attachId[] = "attachId";
+inline constexpr char markingText[] = "markingText";
+inline constexpr char attachMarkingText[] = "attachMarkingText";
+inline constexpr char trackId[] = "trackId";
+inline constexpr char trackMarkingText[] = "trackMarkingText";
+// Numbers of the orbit, compass, pivot and group modes.
+inline constexpr char radius[] = "radius";
+inline constexpr char heading[] = "heading";
+inline constexpr char bodyHeading[] = "bodyHeading";
+inline constexpr char pitch[] = "pitch";
+inline constexpr char roll[] = "roll";
+inline constexpr char headingOffset[] = "headingOffset";
+inline constexpr char pitchOffset[] = "pitchOffset";
+inline constexpr char azimuthRate[] = "azimuthRate";
+inline constexpr char radialOffset[] = "radialOffset";
+inline constexpr char groupCmd[] = "groupCmd";
+}  // namespace DtEmulatorField
+
 // The parameters one viewing mode has been given, by field name ("radius", "location.x", "attachId"). A
 // field is present once a command carried it with its ignore bit clear; it keeps that value until another
 // command of the mode carries it again.

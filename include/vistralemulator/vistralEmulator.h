@@ -12,6 +12,7 @@
 #include "vistralemulator/emulatorState.h"
 #include "vistralemulator/vistralEmulatorExport.h"
 
+class DtEmulatorLiveView;
 class DtExerciseConn;
 class DtVistralControlInteraction;
 
@@ -41,6 +42,10 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   // have their ignore bits set. From and to the emulator's viewer id.
   std::unique_ptr<DtVistralControlPdu> stateReport() const;
 
+  // Shows this viewer in a live view (not owned; null for none): each PDU taken goes into its log, and
+  // processIncoming() hands it a copy of the state after a change, as often as the view takes one.
+  void setLiveView(DtEmulatorLiveView* view);
+
   // What the viewer holds now; valid until the next PDU is taken.
   const DtEmulatorState& state() const { return state_; }
   // The viewer id it answers to, and its connection (null when it has none).
@@ -56,4 +61,6 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   std::unique_ptr<DtExerciseConn> ownedConn_;
   DtExerciseConn* conn_ = nullptr;
   DtEmulatorState state_;
+  DtEmulatorLiveView* liveView_ = nullptr;
+  bool unpublished_ = false;
 };

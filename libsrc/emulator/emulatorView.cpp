@@ -25,6 +25,8 @@
 namespace vistralemulator {
 namespace {
 
+namespace F = DtEmulatorField;
+
 // Bits of the three-bit vector masks, one per component: x, y, z.
 constexpr unsigned long kPositionX = 0x1, kPositionY = 0x2, kPositionZ = 0x4;
 constexpr unsigned long kTetherX = 0x40, kTetherY = 0x80, kTetherZ = 0x100;
@@ -111,18 +113,18 @@ template <class P, auto Get, auto Set>
 void vectorFields(std::vector<FieldRule>& out, const char* name, unsigned long x, unsigned long y,
                   unsigned long z) {
   const std::string base = name;
-  out.push_back(part<P, DtVector64, Get, Set, 0>(base + ".x", x));
-  out.push_back(part<P, DtVector64, Get, Set, 1>(base + ".y", y));
-  out.push_back(part<P, DtVector64, Get, Set, 2>(base + ".z", z));
+  out.push_back(part<P, DtVector64, Get, Set, 0>(base + F::x, x));
+  out.push_back(part<P, DtVector64, Get, Set, 1>(base + F::y, y));
+  out.push_back(part<P, DtVector64, Get, Set, 2>(base + F::z, z));
 }
 
 // Tait-Bryan angles: psi under the heading bit, theta under pitch, phi under roll.
 template <class P, auto Get, auto Set>
 void angleFields(std::vector<FieldRule>& out, const char* name) {
   const std::string base = name;
-  out.push_back(part<P, DtTaitBryan, Get, Set, 0>(base + ".psi", DtVcIgnore::Heading));
-  out.push_back(part<P, DtTaitBryan, Get, Set, 1>(base + ".theta", DtVcIgnore::Pitch));
-  out.push_back(part<P, DtTaitBryan, Get, Set, 2>(base + ".phi", DtVcIgnore::Roll));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 0>(base + F::psi, DtVcIgnore::Heading));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 1>(base + F::theta, DtVcIgnore::Pitch));
+  out.push_back(part<P, DtTaitBryan, Get, Set, 2>(base + F::phi, DtVcIgnore::Roll));
 }
 
 struct ModeRules {
@@ -139,37 +141,37 @@ bool carries(const DtVistralControlPdu& pdu) {
 // The attached entity and its marking text, under the first entity's bit, in every mode that follows one.
 template <class P>
 void attachTarget(std::vector<FieldRule>& f) {
-  f.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
-  f.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
+  f.push_back(text<P, &P::attachId, &P::setAttachId>(F::attachId, DtVcIgnore::FirstEntity));
+  f.push_back(text<P, &P::markingText, &P::setMarkingText>(F::markingText, DtVcIgnore::FirstEntity));
 }
 
 template <class P>
 void headingPitch(std::vector<FieldRule>& f) {
-  f.push_back(number<P, &P::heading, &P::setHeading>("heading", DtVcIgnore::Heading));
-  f.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+  f.push_back(number<P, &P::heading, &P::setHeading>(F::heading, DtVcIgnore::Heading));
+  f.push_back(number<P, &P::pitch, &P::setPitch>(F::pitch, DtVcIgnore::Pitch));
 }
 
 // The heading and pitch offsets of the group and sphere modes, under the group's offset bits.
 template <class P>
 void groupOffsets(std::vector<FieldRule>& f) {
   f.push_back(
-      number<P, &P::headingOffset, &P::setHeadingOffset>("headingOffset", DtVcIgnore::GroupHeadingOffset));
-  f.push_back(number<P, &P::pitchOffset, &P::setPitchOffset>("pitchOffset", DtVcIgnore::GroupPitchOffset));
+      number<P, &P::headingOffset, &P::setHeadingOffset>(F::headingOffset, DtVcIgnore::GroupHeadingOffset));
+  f.push_back(number<P, &P::pitchOffset, &P::setPitchOffset>(F::pitchOffset, DtVcIgnore::GroupPitchOffset));
 }
 
 // The sphere modes add the orientation's roll to those offsets.
 template <class P>
 void sphereOffsets(std::vector<FieldRule>& f) {
   groupOffsets<P>(f);
-  f.push_back(number<P, &P::roll, &P::setRoll>("roll", DtVcIgnore::Roll));
+  f.push_back(number<P, &P::roll, &P::setRoll>(F::roll, DtVcIgnore::Roll));
 }
 
 // Compass and pivot open their bodies with the same six fields.
 template <class P>
 void bodyAngles(std::vector<FieldRule>& f) {
-  f.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
-  f.push_back(number<P, &P::bodyHeading, &P::setBodyHeading>("bodyHeading", DtVcIgnore::BodyHeading));
-  f.push_back(number<P, &P::pitch, &P::setPitch>("pitch", DtVcIgnore::Pitch));
+  f.push_back(number<P, &P::radius, &P::setRadius>(F::radius, DtVcIgnore::Radius));
+  f.push_back(number<P, &P::bodyHeading, &P::setBodyHeading>(F::bodyHeading, DtVcIgnore::BodyHeading));
+  f.push_back(number<P, &P::pitch, &P::setPitch>(F::pitch, DtVcIgnore::Pitch));
   sphereOffsets<P>(f);
 }
 
@@ -178,13 +180,13 @@ void bodyAngles(std::vector<FieldRule>& f) {
 template <class P>
 ModeRules twoEntityRules(int command, unsigned long x, unsigned long y, unsigned long z) {
   ModeRules m{command, &carries<P>, {}};
-  m.fields.push_back(text<P, &P::attachId, &P::setAttachId>("attachId", DtVcIgnore::FirstEntity));
+  m.fields.push_back(text<P, &P::attachId, &P::setAttachId>(F::attachId, DtVcIgnore::FirstEntity));
+  m.fields.push_back(text<P, &P::attachMarkingText, &P::setAttachMarkingText>(F::attachMarkingText,
+                                                                              DtVcIgnore::FirstEntity));
+  m.fields.push_back(text<P, &P::trackId, &P::setTrackId>(F::trackId, DtVcIgnore::SecondEntity));
   m.fields.push_back(
-      text<P, &P::attachMarkingText, &P::setAttachMarkingText>("attachMarkingText", DtVcIgnore::FirstEntity));
-  m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::SecondEntity));
-  m.fields.push_back(
-      text<P, &P::trackMarkingText, &P::setTrackMarkingText>("trackMarkingText", DtVcIgnore::SecondEntity));
-  vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", x, y, z);
+      text<P, &P::trackMarkingText, &P::setTrackMarkingText>(F::trackMarkingText, DtVcIgnore::SecondEntity));
+  vectorFields<P, &P::offset, &P::setOffset>(m.fields, F::offset, x, y, z);
   return m;
 }
 
@@ -193,18 +195,18 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtAbsoluteVCPdu;
     ModeRules m{DtVcAbsolute, &carries<P>, {}};
-    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, "location", kPositionX, kPositionY,
+    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, F::location, kPositionX, kPositionY,
                                                              kPositionZ);
-    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, "orientation");
+    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, F::orientation);
     all.push_back(std::move(m));
   }
   {
     using P = DtTetherVCPdu;
     ModeRules m{DtVcTether, &carries<P>, {}};
     attachTarget<P>(m.fields);
-    vectorFields<P, &P::topoUpOffset, &P::setTopoUpOffset>(m.fields, "topoUpOffset", kTetherX, kTetherY,
+    vectorFields<P, &P::topoUpOffset, &P::setTopoUpOffset>(m.fields, F::topoUpOffset, kTetherX, kTetherY,
                                                            kTetherZ);
-    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, "orientation");
+    angleFields<P, &P::orientation, &P::setOrientation>(m.fields, F::orientation);
     all.push_back(std::move(m));
   }
   {
@@ -218,17 +220,17 @@ std::vector<ModeRules> buildRules() {
     using P = DtMimicVCPdu;  // offset mimic is a mimic PDU with its own command
     ModeRules m{command, &carries<P>, {}};
     attachTarget<P>(m.fields);
-    vectorFields<P, &P::offset, &P::setOffset>(m.fields, "offset", kAttachX, kAttachY, kAttachZ);
-    angleFields<P, &P::bodyOrientation, &P::setBodyOrientation>(m.fields, "bodyOrientation");
+    vectorFields<P, &P::offset, &P::setOffset>(m.fields, F::offset, kAttachX, kAttachY, kAttachZ);
+    angleFields<P, &P::bodyOrientation, &P::setBodyOrientation>(m.fields, F::bodyOrientation);
     all.push_back(std::move(m));
   }
   {
     using P = DtOrbitVCPdu;
     ModeRules m{DtVcOrbit, &carries<P>, {}};
     attachTarget<P>(m.fields);
-    m.fields.push_back(number<P, &P::radius, &P::setRadius>("radius", DtVcIgnore::Radius));
+    m.fields.push_back(number<P, &P::radius, &P::setRadius>(F::radius, DtVcIgnore::Radius));
     m.fields.push_back(
-        number<P, &P::azimuthRate, &P::setAzimuthRate>("azimuthRate", DtVcIgnore::AzimuthRate));
+        number<P, &P::azimuthRate, &P::setAzimuthRate>(F::azimuthRate, DtVcIgnore::AzimuthRate));
     headingPitch<P>(m.fields);
     sphereOffsets<P>(m.fields);
     all.push_back(std::move(m));
@@ -236,9 +238,9 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtTrackVCPdu;
     ModeRules m{DtVcTrack, &carries<P>, {}};
-    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>("trackId", DtVcIgnore::FirstEntity));
-    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>("markingText", DtVcIgnore::FirstEntity));
-    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, "location", kPositionX, kPositionY,
+    m.fields.push_back(text<P, &P::trackId, &P::setTrackId>(F::trackId, DtVcIgnore::FirstEntity));
+    m.fields.push_back(text<P, &P::markingText, &P::setMarkingText>(F::markingText, DtVcIgnore::FirstEntity));
+    vectorFields<P, &P::worldLocation, &P::setWorldLocation>(m.fields, F::location, kPositionX, kPositionY,
                                                              kPositionZ);
     all.push_back(std::move(m));
   }
@@ -248,7 +250,7 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtGroupVCPdu;
     ModeRules m{DtVcGroup, &carries<P>, {}};
-    m.fields.push_back({"groupCmd", kAlways,
+    m.fields.push_back({F::groupCmd, kAlways,
                         [](const DtVistralControlPdu& pdu) -> DtEmulatorValue {
                           return static_cast<long long>(static_cast<const P&>(pdu).groupCmd());
                         },
@@ -256,7 +258,7 @@ std::vector<ModeRules> buildRules() {
                           static_cast<P&>(pdu).setGroupCmd(static_cast<int>(asNumber(v)));
                         }});
     m.fields.push_back(
-        number<P, &P::radialOffset, &P::setRadialOffset>("radialOffset", DtVcIgnore::GroupRadialOffset));
+        number<P, &P::radialOffset, &P::setRadialOffset>(F::radialOffset, DtVcIgnore::GroupRadialOffset));
     headingPitch<P>(m.fields);
     groupOffsets<P>(m.fields);
     all.push_back(std::move(m));
@@ -264,7 +266,7 @@ std::vector<ModeRules> buildRules() {
   {
     using P = DtPivotVCPdu;
     ModeRules m{DtVcPivot, &carries<P>, {}};
-    vectorFields<P, &P::pivotPoint, &P::setPivotPoint>(m.fields, "pivotPoint", kPositionX, kPositionY,
+    vectorFields<P, &P::pivotPoint, &P::setPivotPoint>(m.fields, F::pivotPoint, kPositionX, kPositionY,
                                                        kPositionZ);
     bodyAngles<P>(m.fields);
     all.push_back(std::move(m));
@@ -334,8 +336,11 @@ void applyMove(DtEmulatorState& state, const DtMoveVCPdu& pdu) {
   const unsigned long flags = flagsOf(pdu);
   const DtVector64 position = pdu.position();
   const DtTaitBryan orientation = pdu.orientation();
-  static const char* const kPosition[3] = {"position.x", "position.y", "position.z"};
-  static const char* const kOrientation[3] = {"orientation.psi", "orientation.theta", "orientation.phi"};
+  static const std::string kPosition[3] = {std::string(F::position) + F::x, std::string(F::position) + F::y,
+                                           std::string(F::position) + F::z};
+  static const std::string kOrientation[3] = {std::string(F::orientation) + F::psi,
+                                              std::string(F::orientation) + F::theta,
+                                              std::string(F::orientation) + F::phi};
   const unsigned long positionBits[3] = {kPositionX, kPositionY, kPositionZ};
   const unsigned long angleBits[3] = {DtVcIgnore::Heading, DtVcIgnore::Pitch, DtVcIgnore::Roll};
   for (int i = 0; i < 3; ++i) {

@@ -12,6 +12,7 @@
 #include "vistralcontrol/optionsPdu.h"
 #include "vistralcontrol/vistralControlRegister.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
+#include "vistralemulator/emulatorLiveView.h"
 
 namespace {
 const DtString kEveryViewer("0:0:0");
@@ -46,7 +47,17 @@ DtVistralEmulator::~DtVistralEmulator() {
     DtVistralControlInteraction::removeCallback(conn_, &DtVistralEmulator::received, this);
 }
 
-int DtVistralEmulator::processIncoming() { return conn_ != nullptr ? conn_->processIncoming() : 0; }
+int DtVistralEmulator::processIncoming() {
+  const int handled = conn_ != nullptr ? conn_->processIncoming() : 0;
+  // A change not yet shown is handed over once the view takes a copy again, even when nothing new came.
+  if (liveView_ != nullptr && unpublished_ && liveView_->publish(state_)) unpublished_ = false;
+  return handled;
+}
+
+void DtVistralEmulator::setLiveView(DtEmulatorLiveView* view) {
+  liveView_ = view;
+  unpublished_ = view != nullptr;
+}
 
 void DtVistralEmulator::received(DtVistralControlInteraction* inter, void* usr) {
   // An interaction whose value was not a control PDU carries none.
@@ -66,12 +77,17 @@ void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t lengt
   } else {
     ++state_.counters.received;
     ++state_.counters.ignored;
+    unpublished_ = liveView_ != nullptr;
   }
 }
 
 void DtVistralEmulator::apply(const DtVistralControlPdu& pdu) {
   using namespace vistralemulator;
   ++state_.counters.received;
+  if (liveView_ != nullptr) {
+    liveView_->logPdu(pdu);
+    unpublished_ = true;
+  }
   // Draw PDUs carry whatever viewer id their object was given: a viewer draws them all.
   if (const auto* draw = dynamic_cast<const DtVistralDrawControlPdu*>(&pdu)) {
     applyDraw(state_, *draw);

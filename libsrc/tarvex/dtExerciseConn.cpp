@@ -1,5 +1,6 @@
 #include "tarvex/dtExerciseConn.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <unordered_map>
@@ -47,6 +48,10 @@ bool anyName(const std::string& /*execution*/) { return true; }
 // The kinds of federation, in the order an execution name is offered to them when no backend is named: the
 // first that claims it is used, and the in-process federation, last, takes any name.
 const DtFederationKind kKinds[] = {
+    {"rti1516e", DtNamesRti1516e, DtJoinRti1516eFederation, true,
+     "the HLA Evolved (IEEE 1516-2010) RTI backend, which this build does not have (configure with "
+     "-DVISTRAL_RTI1516E_ROOT=<prefix of an HLA 1516e RTI>)",
+     true},
     {"dis", isDisName, DtJoinDisNetwork, false, ""},
     {"rti13", isUrl, DtJoinRti13Federation, true,
      "the HLA 1.3 RTI backend, which this build does not have (configure with "
@@ -63,9 +68,40 @@ const DtFederationKind& chooseKind(const std::string& execution, const char* bac
   DT_THROW(std::string("Unknown federation backend '") + backend + "' (known: " + known + ")");
 }
 
-DtFomSource loadFom(const char* fedFile) {
-  if (empty(fedFile)) return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName)};
-  return DtFomSource{fedFile, DtFedFile::read(fedFile)};
+bool endsWith(const std::string& text, const char* end) {
+  const std::size_t n = std::strlen(end);
+  return text.size() >= n && text.compare(text.size() - n, n, end) == 0;
+}
+
+// FOM modules: paths separated by ';', merged in that order as the RTI merges them.
+DtFomSource loadFomModules(const char* list) {
+  if (empty(list))
+    return DtFomSource{"", DtFedFile::parseFomModule(DtBuiltInFomModuleText, DtBuiltInFomModuleName), {}};
+  DtFomSource out{list, DtFedFile(), {}};
+  const std::string text = list;
+  for (std::size_t from = 0; from <= text.size();) {
+    const std::size_t end = std::min(text.find(';', from), text.size());
+    const std::string path = text.substr(from, end - from);
+    from = end + 1;
+    if (path.empty()) continue;
+    if (endsWith(path, ".fed"))
+      DT_THROW("HLA Evolved federations take FOM modules (.xml), not FED files: " + path);
+    const DtFedFile module = DtFedFile::readFomModule(path);
+    if (out.modules.empty()) {
+      out.fom = module;
+    } else {
+      out.fom.merge(module);
+    }
+    out.modules.push_back(path);
+  }
+  if (out.modules.empty()) DT_THROW(std::string("No FOM module named in '") + list + "'");
+  return out;
+}
+
+DtFomSource loadFom(const char* fedFile, const DtFederationKind& kind) {
+  if (kind.readsFomModules) return loadFomModules(fedFile);
+  if (empty(fedFile)) return DtFomSource{"", DtFedFile::parse(DtBuiltInFomText, DtBuiltInFomName), {}};
+  return DtFomSource{fedFile, DtFedFile::read(fedFile), {}};
 }
 }  // namespace
 
@@ -116,7 +152,7 @@ struct DtExerciseConn::Impl {
     const DtFederationKind& kind = chooseKind(executionName, backendName);
     if (rtiAmbassador != nullptr && !kind.takesAmbassador)
       DT_THROW(std::string("The ") + kind.name + " backend takes no RTI ambassador");
-    DtFomSource fom = loadFom(fedFile);
+    DtFomSource fom = loadFom(fedFile, kind);
     fom.mapper = &mapper;
     backend = kind.join(executionName, federateName, fom, rtiAmbassador, queue);
     if (!backend) DT_THROW(std::string("Execution ") + executionName + " needs " + kind.notBuilt);
@@ -229,6 +265,7 @@ DtExerciseConn::DtExerciseConn(const char* executionName, const char* federateNa
 DtExerciseConn::~DtExerciseConn() = default;
 
 bool DtExerciseConn::rtiBackendBuiltIn() { return TARVEX_HAVE_RTI13 != 0; }
+bool DtExerciseConn::rti1516eBackendBuiltIn() { return TARVEX_HAVE_RTI1516E != 0; }
 
 const DtString& DtExerciseConn::executionName() const { return impl_->execution; }
 const DtString& DtExerciseConn::federateName() const { return impl_->federate; }

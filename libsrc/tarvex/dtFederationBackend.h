@@ -33,10 +33,12 @@ class DtFederationBackend {
   virtual void poll() = 0;
 };
 
-// Where the connection's FOM comes from: the FED file named, or the built-in one.
+// Where the connection's FOM comes from: the FED file named, or the built-in one; for HLA Evolved, the FOM
+// modules named, or the built-in one.
 struct DtFomSource {
   std::string path;  // empty for the built-in FOM
   DtFedFile fom;
+  std::vector<std::string> modules;  // the FOM modules' paths, in the order given; empty for the built-in one
   const DtFomMapper* mapper = nullptr;  // the connection's names for the FOM's, for backends that need them
 };
 
@@ -59,7 +61,8 @@ struct DtFederationKind {
   bool (*claims)(const std::string& execution);
   DtFederationJoin join;
   bool takesAmbassador;
-  const char* notBuilt;  // what a build without it lacks, and how to configure it in
+  const char* notBuilt;          // what a build without it lacks, and how to configure it in
+  bool readsFomModules = false;  // HLA Evolved FOM modules (XML) instead of a FED file
 };
 
 std::unique_ptr<DtFederationBackend> DtJoinInProcessFederation(const std::string& execution,
@@ -75,6 +78,17 @@ std::unique_ptr<DtFederationBackend> DtJoinRti13Federation(const std::string& ex
                                                            const DtFomSource& fom, void* rtiAmbassador,
                                                            DtIncomingQueue& queue);
 
-// The built-in ViewControl FOM (generated from fom/ViewControl.fed).
+// Null when no HLA Evolved RTI is built in.
+std::unique_ptr<DtFederationBackend> DtJoinRti1516eFederation(const std::string& execution,
+                                                              const std::string& federate,
+                                                              const DtFomSource& fom, void* rtiAmbassador,
+                                                              DtIncomingQueue& queue);
+// Whether an execution name names the HLA Evolved edition ("hla1516e:..." or "hla1516e+<url>").
+bool DtNamesRti1516e(const std::string& execution);
+
+// The built-in ViewControl FOM (generated from fom/ViewControl.fed) and FOM module (from
+// fom/ViewControl.xml).
 extern const char* const DtBuiltInFomText;
 extern const char* const DtBuiltInFomName;
+extern const char* const DtBuiltInFomModuleText;
+extern const char* const DtBuiltInFomModuleName;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace {
 // What a drained batch keeps for the next one. Steady traffic fits easily; a burst beyond it is given back.
@@ -38,18 +39,23 @@ void DtIncomingQueue::push(RTI::InteractionClassHandle cls, const RTI::Parameter
   }
 }
 
-void DtIncomingQueue::push(RTI::InteractionClassHandle cls, RTI::Handle parameter, const char* value,
-                           RTI::ULong length) {
+void DtIncomingQueue::pushClass(RTI::InteractionClassHandle cls) {
   Record& record = filling_.records.emplace_back();
   record.cls = cls;
   record.firstValue = filling_.values.size();
-  record.valueCount = 1;
+  record.valueCount = 0;
+}
+
+// A value longer than the interface can state is cut at what it can.
+void DtIncomingQueue::pushValue(RTI::Handle handle, const char* data, std::size_t length) {
+  if (filling_.records.empty()) return;  // a value of no interaction
   std::vector<char>& bytes = filling_.bytes;
   Value& v = filling_.values.emplace_back();
-  v.handle = parameter;
+  v.handle = handle;
   v.offset = bytes.size();
-  v.length = length;
-  bytes.insert(bytes.end(), value, value + length);
+  v.length = static_cast<RTI::ULong>(std::min<std::size_t>(length, std::numeric_limits<RTI::ULong>::max()));
+  if (v.length > 0) bytes.insert(bytes.end(), data, data + v.length);
+  ++filling_.records.back().valueCount;
 }
 
 void DtIncomingQueue::resetDraining() {

@@ -12,8 +12,15 @@ class DtIncomingQueue {
  public:
   // Copies the set's values.
   void push(RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set);
-  // Copies one value: an interaction of one parameter, as a datagram brings it, with no set built for it.
-  void push(RTI::InteractionClassHandle cls, RTI::Handle parameter, const char* value, RTI::ULong length);
+  // The same for a backend whose RTI delivers values in a form of its own: a record for the class, then each
+  // of its values copied in, with no set built in between.
+  void pushClass(RTI::InteractionClassHandle cls);
+  void pushValue(RTI::Handle handle, const char* data, std::size_t length);
+  // Copies one value: an interaction of one parameter, as a datagram brings it.
+  void push(RTI::InteractionClassHandle cls, RTI::Handle parameter, const char* value, RTI::ULong length) {
+    pushClass(cls);
+    pushValue(parameter, value, length);
+  }
 
   // Calls deliver(cls, values) for each waiting interaction in arrival order. Interactions pushed meanwhile
   // wait for the next call. If deliver throws, the interactions after the one it threw on wait for the next

@@ -3,55 +3,25 @@
 #include "dtFederationBackend.h"
 
 #if TARVEX_HAVE_RTI13
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstdlib>
+#include <memory>
 #include <string>
 
 #include "dtRti13Link.h"
+#include "dtTemporaryFile.h"
 #include "tarvex/dtException.h"
 
 namespace {
-
-// The FOM handed to the RTI as a file: the one named, or the built-in one written to a temporary file that
-// lives as long as the create call needs it.
-class FedFileForRti {
- public:
-  explicit FedFileForRti(const DtFomSource& source) {
-    if (!source.path.empty()) {
-      path_ = source.path;
-      return;
-    }
-    char name[] = "/tmp/vistral-fom-XXXXXX.fed";
-    const int fd = mkstemps(name, 4);
-    if (fd < 0) DT_THROW("Cannot write the built-in FOM to a temporary file for the RTI");
-    const std::string text = DtBuiltInFomText;
-    const bool written = write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    close(fd);
-    path_ = name;
-    temporary_ = true;
-    if (!written) DT_THROW("Cannot write the built-in FOM to " + path_);
-  }
-  ~FedFileForRti() {
-    if (temporary_) std::remove(path_.c_str());
-  }
-  FedFileForRti(const FedFileForRti&) = delete;
-  FedFileForRti& operator=(const FedFileForRti&) = delete;
-  const char* path() const { return path_.c_str(); }
-
- private:
-  std::string path_;
-  bool temporary_ = false;
-};
 
 class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Receiver {
  public:
   Rti13Federate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                 void* rtiAmbassador, DtIncomingQueue& queue)
       : fom_(fom.fom), queue_(queue) {
-    const FedFileForRti fed(fom);
-    link_ = DtRti13Join(execution, federate, fed.path(),
+    // The RTI takes a FED file by path only: the built-in one lives in a temporary file during the join.
+    std::unique_ptr<DtTemporaryFile> builtIn;
+    if (fom.path.empty())
+      builtIn = std::make_unique<DtTemporaryFile>(DtBuiltInFomText, ".fed", "the built-in FOM");
+    link_ = DtRti13Join(execution, federate, builtIn ? builtIn->path() : fom.path,
                         fom.path.empty() ? std::string(DtBuiltInFomName) : fom.path, rtiAmbassador, *this);
   }
 

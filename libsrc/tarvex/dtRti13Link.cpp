@@ -25,6 +25,9 @@ constexpr std::chrono::seconds kConfirmTimeout(30);
 // declaration lets the RTI work before the call returns.
 constexpr std::chrono::milliseconds kUnconfirmedSettle(250);
 constexpr RTI::TickTime kWaitSlice = 0.01;
+// How long after a publication the RTI is given before the first send, for the other federates' parts of it
+// to take it in.
+constexpr std::chrono::milliseconds kPublicationSpread(250);
 
 std::string describe(const RTI::Exception& e) {
   return std::string(e._name ? e._name : "RTI exception") + ": " + (e._reason ? e._reason : "");
@@ -183,10 +186,10 @@ class Link final : public DtRti13Link {
     const auto handle = static_cast<RTI::InteractionClassHandle>(cls);
     try {
       if (!published(handle)) {
-        rti_->publishInteractionClass(handle);
-        published_.push_back(handle);
+        publish(handle);
         confirmDeclarations();
       }
+      if (!publicationsKnown_) awaitPublicationsKnown();
       rti_->sendInteraction(handle, forRti(set), "");
     } catch (const RTI::Exception& e) {
       DT_THROW("Cannot send interaction class " + std::to_string(cls) + " on " + execution_ + ": " +
@@ -199,6 +202,9 @@ class Link final : public DtRti13Link {
     try {
       if (on) {
         rti_->subscribeInteractionClass(handle, RTI::RTI_TRUE);
+        // A federate that listens to a class answers in it too: published now, the class is known across
+        // the federation by the time the first answer goes out.
+        if (!published(handle)) publish(handle);
       } else {
         rti_->unsubscribeInteractionClass(handle);
       }
@@ -266,6 +272,24 @@ class Link final : public DtRti13Link {
     for (RTI::InteractionClassHandle x : published_)
       if (x == h) return true;
     return false;
+  }
+
+  void publish(RTI::InteractionClassHandle h) {
+    rti_->publishInteractionClass(h);
+    published_.push_back(h);
+    lastPublication_ = std::chrono::steady_clock::now();
+    publicationsKnown_ = false;
+  }
+
+  // An RTI may tell other federates' parts of it of a publication only after it has confirmed it here, and
+  // route to their subscribers only once they have answered (OpenRTI's servers do): a send right after a
+  // new publication could miss a subscriber. The first send after one lets the RTI work for a bounded time
+  // from the publication on.
+  void awaitPublicationsKnown() {
+    const auto until = lastPublication_ + kPublicationSpread;
+    while (std::chrono::steady_clock::now() < until) rti_->tick(kWaitSlice, kWaitSlice);
+    publicationsKnown_ = true;
+    rethrowFromCallbacks();
   }
 
   void rethrowFromCallbacks() {
@@ -341,6 +365,8 @@ class Link final : public DtRti13Link {
   std::unique_ptr<RTI::ParameterHandleValuePairSet> otherSet_;
 #endif
   std::vector<RTI::InteractionClassHandle> published_;
+  std::chrono::steady_clock::time_point lastPublication_;
+  bool publicationsKnown_ = true;
   const bool declaresBeforeReturn_ = declaresBeforeReturn();
   std::string label_;
   unsigned long confirmations_ = 0;

@@ -218,8 +218,9 @@ using MakeEmpty = DtVistralControlPdu* (*)();
 template <class T>
 DtVistralControlPdu* fromImage(const DtNetViewControlPdu* image, DtBufferPlaceHolder* holder,
                                DtPduFactory* factory, Reuse* reuse) {
-  if (reuse == nullptr || *reuse == nullptr || typeid(**reuse) != typeid(T))
-    return new T(image, holder, factory);
+  if (reuse == nullptr || *reuse == nullptr) return new T(image, holder, factory);
+  const DtVistralControlPdu& held = **reuse;  // typeid of a plain reference: nothing to evaluate inside it
+  if (typeid(held) != typeid(T)) return new T(image, holder, factory);
   T* block = static_cast<T*>(reuse->release());
   block->~T();
   try {
