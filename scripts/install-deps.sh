@@ -33,6 +33,8 @@ command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 command -v dot >/dev/null 2>&1 || need+=(graphviz)
 # The DIS capture test: tshark captures the demo's datagrams and reads them back with its own DIS dissector.
 command -v tshark >/dev/null 2>&1 || need+=(tshark)
+# The traffic inspector reads packet captures (pcap and pcapng) through libpcap.
+[ -f /usr/include/pcap/pcap.h ] || need+=(libpcap-dev)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "installing: ${need[*]}"

@@ -9,112 +9,17 @@
 
 #include "tarvex/dtDump.h"
 #include "tarvex/dtWire.h"
+#include "vcOptionRows.h"
 #include "vcViewLayout.h"
 
 using VcLayout::Options;
 
 namespace {
-// How a value travels and how the dump shows it.
-enum class Kind { Overlay, Smoothing, F64, F32, U32, U16, Flag, Text, Action, VideoCapture, Feature };
-
-// One option: its presence bit, the place of its value, how it reads, its dump label and, for a text, the
-// width of its field. Actions carry no value and have no place; their label is the whole dump line.
-struct Row {
-  DtVistralOption option;
-  int offset;
-  Kind kind;
-  const char* label;
-  int width;
-};
-
-using O = DtOptionsPdu;
-
-// Every option once, in the order the dump lists them. The accessors and the dump read from here.
-constexpr Row kRows[] = {
-    {DtVistralOverlay, Options::overlay, Kind::Overlay, "Overlay:", 0},
-    {DtVistralLocatorRange, Options::locatorRange, Kind::F64, "LocatorRange:", 0},
-    {DtVistralSmoothing, Options::smoothing, Kind::Smoothing, "Smoothing:", 0},
-    {DtVistralSmoothingPeriod, Options::smoothingPeriod, Kind::F64, "SmoothingPeriod:", 0},
-    {DtVistralSound, Options::sound, Kind::Flag, "Sound:", 0},
-    {DtVistralEntityLabels, Options::entityLabels, Kind::Flag, "EntityLabels:", 0},
-    {DtVistralTrailingEffects, Options::trailingEffects, Kind::Flag, "TrailingEffects:", 0},
-    {DtVistralTrajectoryHistory, Options::trajectoryHistory, Kind::Flag, "TrajectoryHistory:", 0},
-    {DtVistralRecording, Options::recording, Kind::Flag, "Recording:", 0},
-    {O::DtVistralShowAggregates, Options::showAggregates, Kind::Flag, "Show Aggregates:", 0},
-    {DtVistralAggregateLevel, Options::aggregateLevel, Kind::U32, "AggregateLevel", 0},
-    {DtVistralAggregateHighestOnly, Options::aggregateHighestOnly, Kind::Flag, "AggregateHighestOnly:", 0},
-    {DtVistralAggregatesAltitudeControlled, Options::aggregatesAltitudeControlled, Kind::Flag,
-     "AggregatesAltitudeControlled:", 0},
-    {DtVistralNestedAggregates, Options::nestedAggregates, Kind::Flag, "NestedAggregates:", 0},
-    {DtVistralNestedEntities, Options::nestedEntities, Kind::Flag, "NestedEntities:", 0},
-    {DtVistralGroundClamping, Options::groundClamping, Kind::Flag, "GroundClamping:", 0},
-    {DtVistralClampRange, Options::clampRange, Kind::F64, "ClampRange:", 0},
-    {DtVistralFollowGround, Options::followGround, Kind::Flag, "FollowGround:", 0},
-    {DtVistralConstrainWithFloor, Options::constrainWithFloor, Kind::Flag, "ConstrainWithFloor:", 0},
-    {DtVistralFloor, Options::floor, Kind::F64, "Floor:", 0},
-    {DtVistralTimeOfDay, Options::timeOfDay, Kind::F64, "TimeOfDay:", 0},
-    {DtVistralNearClip, Options::nearClip, Kind::F64, "NearClip:", 0},
-    {DtVistralFarClip, Options::farClip, Kind::F64, "FarClip:", 0},
-    {DtVistralFov, Options::fov, Kind::F64, "Fov:", 0},
-    {DtVistralFog, Options::fog, Kind::Flag, "Fog:", 0},
-    {DtVistralNearFog, Options::nearFog, Kind::F64, "NearFog:", 0},
-    {DtVistralFarFog, Options::farFog, Kind::F64, "FarFog:", 0},
-    {DtVistralTexture, Options::texture, Kind::Flag, "Texture:", 0},
-    {DtVistralDatabaseToLoad, Options::databaseToLoad, Kind::Text,
-     "DatabaseToLoad:", Options::databaseToLoadWidth},
-    {O::DtVistralDate, Options::date, Kind::Text, "Date:", Options::dateWidth},
-    {O::DtVistralTurnrate, Options::turnrate, Kind::F32, "Turn rate:", 0},
-    {O::DtVistralStepsize, Options::stepsize, Kind::F32, "Step size:", 0},
-    {O::DtVistralIncStepsize, 0, Kind::Action, "Increment stepsize\n", 0},
-    {O::DtVistralDecStepsize, 0, Kind::Action, "Decrement stepsize\n", 0},
-    {O::DtVistralIncTurnrate, 0, Kind::Action, "Increment turnrate\n", 0},
-    {O::DtVistralDecTurnrate, 0, Kind::Action, "Decrement turnrate\n", 0},
-    {O::DtVistralXREnabled, Options::xrEnabled, Kind::Flag, "XR enabled:", 0},
-    {O::DtVistralHATenabled, Options::hatEnabled, Kind::Flag, "HAT labels enabled:", 0},
-    {O::DtVistralNextModelSet, 0, Kind::Action, "Cycle to next model set.\n", 0},
-    // The previous model set prints under the texture-set text; receivers' logs are matched against it.
-    {O::DtVistralPrevModelSet, 0, Kind::Action, "Cycle to previous texture set.\n", 0},
-    {O::DtVistralSetCurrentModelSet, Options::currentModelSet, Kind::Text,
-     "Current model set:", Options::setNameWidth},
-    {O::DtVistralNextTextureSet, 0, Kind::Action, "Cycle to next texture set.\n", 0},
-    {O::DtVistralPrevTextureSet, 0, Kind::Action, "Cycle to previous texture set.\n", 0},
-    {O::DtVistralSetCurrentTextureSet, Options::currentTextureSet, Kind::Text,
-     "Current texture set:", Options::setNameWidth},
-    {O::DtVistralTerrainScale, Options::terrainScale, Kind::F32, "Terrain scale:", 0},
-    {O::DtVistralObjectScale, Options::objectScale, Kind::F32, "Object scale:", 0},
-    {O::DtVistralExit, 0, Kind::Action, "Exit vistral.\n", 0},
-    {O::DtVistralSkyDome, Options::skyDome, Kind::Flag, "Sky Dome:", 0},
-    {O::DtVistralClouds, Options::clouds, Kind::Flag, "Clouds:", 0},
-    {O::DtVistralMirroring, Options::mirroring, Kind::Flag, "Mirroring:", 0},
-    {O::DtVistralMirrorMessageEveryFrame, Options::mirrorMessageEveryFrame, Kind::Flag,
-     "MirrorMessageEveryFrame:", 0},
-    {O::DtVistralBroadcasting, Options::broadcasting, Kind::Flag, "Broadcasting:", 0},
-    {O::DtVistralClusteringLabels, Options::clusteringLabels, Kind::Flag, "Clustering Labels:", 0},
-    {O::DtVistralTacticalGraphicsLabels, Options::tacticalGraphicsLabels, Kind::Flag,
-     "Tactical Graphics Labels:", 0},
-    {O::DtVistralTacticalGraphics, Options::tacticalGraphics, Kind::Flag, "Tactical Graphics:", 0},
-    {O::DtVistralShowEmitters, Options::showEmitters, Kind::Flag, "Show Emitters:", 0},
-    {O::DtVistralVideoCaptureCommand, Options::videoCaptureCommand, Kind::VideoCapture,
-     "Video Capture Command: ", 0},
-    {O::DtVistralVideoCaptureFilename, Options::videoCaptureFilename, Kind::Text,
-     "Video Capture Filename:", Options::pathWidth},
-    {O::DtVistralVideoCaptureDirectory, Options::videoCaptureDirectory, Kind::Text,
-     "Video Capture Directory:", Options::pathWidth},
-    {O::DtVistralVideoCaptureFilenameBase, Options::videoCaptureFilenameBase, Kind::Text,
-     "Video Capture Filename Base:", Options::filenameBaseWidth},
-    {O::DtVistralVideoCaptureRecordInsets, Options::videoCaptureRecordInsets, Kind::Flag,
-     "Video Capture Record Insets:", 0},
-    {O::DtVistralVideoCaptureFramesPerSecond, Options::videoCaptureFramesPerSecond, Kind::U16,
-     "Video Capture FPS:", 0},
-    {O::DtVistralConstrainToAll, Options::constrainToAll, Kind::Flag, "Constrained To All:", 0},
-    {O::DtVistralBlockedDistance, Options::blockedDistance, Kind::F64, "Blocked Distance:", 0},
-    {O::DtVistralUseNearClipForBlockedDistance, Options::useNearClipForBlockedDistance, Kind::Flag,
-     "Use Near Clip For Blocked Distance:", 0},
-    {O::DtVistralFeatureFilename, Options::featureFilename, Kind::Text,
-     "Feature Filename:", Options::pathWidth},
-    {O::DtVistralFeatureCommand, Options::featureCommand, Kind::Feature, "Feature Command: ", 0},
-};
-static_assert(std::size(kRows) == 67, "every option has a row");
+using Kind = VcLayout::OptionKind;
+using Row = VcLayout::OptionRow;
+constexpr const auto& kRows = VcLayout::kOptionRows;
+constexpr const auto& kVideoCaptureTexts = VcLayout::kVideoCaptureTexts;
+constexpr const auto& kFeatureTexts = VcLayout::kFeatureTexts;
 
 // The row of an option, found while compiling: an option without a row does not build. The second of two
 // options that share a presence bit is the one with nth 1.
@@ -182,9 +87,6 @@ void setOptionValue(DtOptionsPdu& pdu, const T& value) {
   }
   pdu.setOptionPresent(row.option);
 }
-
-constexpr const char* kVideoCaptureTexts[] = {"Stop\n", "Pause\n", "Unpause\n", "Record\n"};
-constexpr const char* kFeatureTexts[] = {"Load Features\n", "Clear Features\n"};
 
 constexpr int kBitsPerField = 64;
 constexpr int kBitfields = 2;

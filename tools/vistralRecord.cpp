@@ -1,0 +1,116 @@
+// Joins a federation execution (any name the library speaks: dis://..., rti://..., thread://...) and writes
+// every control PDU it sees, with its arrival time, to a pcapng file: each PDU as one UDP datagram over IPv4
+// from 127.0.0.1 port 3001 to 127.0.0.1 port 3000, so that the kind-202 dissector and vistralInspect read
+// every recording alike. The file is valid after every PDU, so an interrupted recording keeps what it had.
+//
+//   vistralRecord --federation NAME [--fed FILE] [--seconds N] [--count N] OUT.pcapng
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <thread>
+
+#include "tarvex/dtCmdLine.h"
+#include "tarvex/dtException.h"
+#include "tarvex/dtExerciseConn.h"
+#include "tarvex/dtMessage.h"
+#include "traffic/pcapngWriter.h"
+#include "vistralcontrol/hVistralControlInter.h"
+#include "vistralcontrol/vistralControlRegister.h"
+
+namespace {
+volatile std::sig_atomic_t theStop = 0;
+void stop(int) { theStop = 1; }
+
+struct Recording {
+  traffic::PcapngWriter* writer;
+  std::FILE* file;
+};
+
+void record(DtVistralControlInteraction* inter, void* usr) {
+  const DtVistralControlPdu* pdu = inter->vcPdu();
+  if (pdu == nullptr) return;
+  auto* recording = static_cast<Recording*>(usr);
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  recording->writer->add(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count(), pdu->packet(),
+                         static_cast<std::size_t>(pdu->length()));
+  std::fflush(recording->file);
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+  DtCmdLine cmd("vistralRecord", "Records the control PDUs of a federation execution to a pcapng file.",
+                "54.0");
+  const int federation =
+      cmd.addValue("federation", "f", "NAME",
+                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP, "
+                   "rti://HOST:PORT/NAME or thread:///NAME for an RTI when one is built in",
+                   "VistralControl");
+  const int name = cmd.addValue("name", "n", "NAME", "this federate's name", "vistralRecord");
+  const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
+  const int seconds = cmd.addValue("seconds", "s", "N", "record for N seconds (0: until interrupted)", "0");
+  const int count = cmd.addValue("count", "c", "N", "stop after N PDUs (0: no limit)", "0");
+  cmd.setPositionalHelp("OUT.pcapng", "the recording to write");
+  switch (cmd.parse(argc, argv)) {
+    case DtCmdLine::Result::Help:
+      cmd.printUsage(std::cout);
+      return 0;
+    case DtCmdLine::Result::Version:
+      cmd.printVersion(std::cout);
+      return 0;
+    case DtCmdLine::Result::Error:
+      cmd.printParseError(std::cerr);
+      return 2;
+    case DtCmdLine::Result::Ok:
+      break;
+  }
+  char* end = nullptr;
+  const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
+  if (*end != '\0' || runFor < 0) {
+    std::cerr << "vistralRecord: '" << cmd.value(seconds) << "' is not a number of seconds\n";
+    return 2;
+  }
+  const unsigned long limit = std::strtoul(cmd.value(count).c_str(), &end, 10);
+  if (*end != '\0' || cmd.value(count)[0] == '-') {
+    std::cerr << "vistralRecord: '" << cmd.value(count) << "' is not a count\n";
+    return 2;
+  }
+  if (cmd.positionals().size() != 1) {
+    std::cerr << "vistralRecord: give one output file\n";
+    return 2;
+  }
+  std::ostream quiet(nullptr);
+  DtInfo.setStream(quiet);
+  std::signal(SIGINT, &stop);
+  std::signal(SIGTERM, &stop);
+  std::FILE* file = std::fopen(cmd.positionals()[0].c_str(), "wb");
+  if (file == nullptr) {
+    std::perror(cmd.positionals()[0].c_str());
+    return 1;
+  }
+  traffic::PcapngWriter writer(file);
+  std::fflush(file);
+  Recording recording{&writer, file};
+  int status = 0;
+  try {
+    const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
+    DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(name).c_str(), fedFile, nullptr, nullptr);
+    DtVistralControlRegister(&conn);
+    DtVistralControlInteraction::addCallback(&conn, &record, &recording);
+    std::cerr << "recording " << cmd.value(federation) << " to " << cmd.positionals()[0] << std::endl;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(runFor);
+    while (theStop == 0 && (runFor == 0 || std::chrono::steady_clock::now() < deadline) &&
+           (limit == 0 || writer.written() < limit)) {
+      if (conn.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    DtVistralControlInteraction::removeCallback(&conn, &record, &recording);
+  } catch (const DtException& e) {
+    std::cerr << e.what() << "\n";
+    status = 1;
+  }
+  const bool ok = writer.ok() && std::fclose(file) == 0;
+  std::cerr << "recorded " << writer.written() << " PDUs" << (ok ? "" : ", but the file could not be written")
+            << "\n";
+  return ok ? status : 1;
+}
