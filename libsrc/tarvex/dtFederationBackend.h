@@ -50,6 +50,32 @@ struct DtFomSource {
 // whose federation hands out no handles of its own.
 std::vector<std::unique_ptr<DtInterClassDesc>> DtClassesByPosition(const DtFedFile& fom);
 
+// The FOM's interaction classes with the handles an RTI gives them, in FOM order; a class or a parameter that
+// the execution's FOM lacks is left out. RTIs differ in the class names they accept: the dotted full name, or
+// the name below the root ("InteractionRoot." in HLA 1.3, "HLAinteractionRoot." in HLA Evolved). The link
+// answers interactionClassHandle(name, unsigned long*) and parameterHandle(name, class, unsigned long*).
+template <class Link>
+std::vector<std::unique_ptr<DtInterClassDesc>> DtClassesWithRtiHandles(const DtFedFile& fom, Link& link,
+                                                                       const std::string& root) {
+  std::vector<std::unique_ptr<DtInterClassDesc>> out;
+  for (const DtFedInteractionClass& c : fom.interactionClasses()) {
+    unsigned long handle = 0;
+    const bool found = link.interactionClassHandle(c.fullName, &handle) ||
+                       (c.fullName.compare(0, root.size(), root) == 0 &&
+                        link.interactionClassHandle(c.fullName.substr(root.size()), &handle));
+    if (!found) continue;
+    auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name,
+                                                   static_cast<RTI::InteractionClassHandle>(handle));
+    for (const std::string& p : c.parameters) {
+      unsigned long parameter = 0;
+      if (link.parameterHandle(p, handle, &parameter))
+        desc->addParameter(p, static_cast<RTI::ParameterHandle>(parameter));
+    }
+    out.push_back(std::move(desc));
+  }
+  return out;
+}
+
 // Joins a federation of one kind. rtiAmbassador: an ambassador the application made, for the kinds that take
 // one (null otherwise). Null when this build does not have that kind.
 using DtFederationJoin = std::unique_ptr<DtFederationBackend> (*)(const std::string& execution,

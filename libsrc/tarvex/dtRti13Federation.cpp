@@ -32,20 +32,7 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
   }
 
   std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const override {
-    std::vector<std::unique_ptr<DtInterClassDesc>> out;
-    for (const DtFedInteractionClass& c : fom_.interactionClasses()) {
-      unsigned long handle = 0;
-      if (!classHandle(c, &handle)) continue;  // the execution's FOM lacks it
-      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name,
-                                                     static_cast<RTI::InteractionClassHandle>(handle));
-      for (const std::string& p : c.parameters) {
-        unsigned long parameter = 0;  // absent when the execution's class lacks it
-        if (link_->parameterHandle(p, handle, &parameter))
-          desc->addParameter(p, static_cast<RTI::ParameterHandle>(parameter));
-      }
-      out.push_back(std::move(desc));
-    }
-    return out;
+    return DtClassesWithRtiHandles(fom_, *link_, "InteractionRoot.");
   }
 
   RTI::ParameterHandleValuePairSet& sendSet() override { return link_->sendSet(); }
@@ -66,14 +53,6 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
  private:
   void receive(unsigned long cls, const RTI::ParameterHandleValuePairSet& set) override {
     queue_.push(static_cast<RTI::InteractionClassHandle>(cls), set);
-  }
-
-  // RTIs differ in the names they accept: the dotted full name, or the name below the root.
-  bool classHandle(const DtFedInteractionClass& c, unsigned long* handle) const {
-    const std::string root = "InteractionRoot.";
-    if (link_->interactionClassHandle(c.fullName, handle)) return true;
-    return c.fullName.compare(0, root.size(), root) == 0 &&
-           link_->interactionClassHandle(c.fullName.substr(root.size()), handle);
   }
 
   DtFedFile fom_;

@@ -83,20 +83,7 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
   }
 
   std::vector<std::unique_ptr<DtInterClassDesc>> interactionClasses() const override {
-    std::vector<std::unique_ptr<DtInterClassDesc>> out;
-    for (const DtFedInteractionClass& c : fom_.interactionClasses()) {
-      unsigned long handle = 0;
-      if (!classHandle(c, &handle)) continue;  // the execution's FOM lacks it
-      auto desc = std::make_unique<DtInterClassDesc>(c.fullName, c.name,
-                                                     static_cast<RTI::InteractionClassHandle>(handle));
-      for (const std::string& p : c.parameters) {
-        unsigned long parameter = 0;  // absent when the execution's class lacks it
-        if (link_->parameterHandle(p, handle, &parameter))
-          desc->addParameter(p, static_cast<RTI::ParameterHandle>(parameter));
-      }
-      out.push_back(std::move(desc));
-    }
-    return out;
+    return DtClassesWithRtiHandles(fom_, *link_, "HLAinteractionRoot.");
   }
 
   RTI::ParameterHandleValuePairSet& sendSet() override { return sendSet_; }
@@ -128,14 +115,6 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
     queue_.pushClass(static_cast<RTI::InteractionClassHandle>(cls));
     for (std::size_t i = 0; i < count; ++i)
       queue_.pushValue(static_cast<RTI::Handle>(values[i].parameter), values[i].data, values[i].length);
-  }
-
-  // RTIs differ in the names they accept: the dotted full name, or the name below the root.
-  bool classHandle(const DtFedInteractionClass& c, unsigned long* handle) const {
-    const std::string root = "HLAinteractionRoot.";
-    if (link_->interactionClassHandle(c.fullName, handle)) return true;
-    return c.fullName.compare(0, root.size(), root) == 0 &&
-           link_->interactionClassHandle(c.fullName.substr(root.size()), handle);
   }
 
   DtFedFile fom_;
