@@ -192,19 +192,7 @@ int main(int argc, char** argv) {
   const int viewerFederation =
       cmd.addValue("viewer-federation", "", "NAME", "the viewer's (default: the application's)", "");
   cmd.setPositionalHelp("[OUTDIR]", "where the pictures and the snapshot go (default: here)");
-  switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help:
-      cmd.printUsage(std::cout);
-      return 0;
-    case DtCmdLine::Result::Version:
-      cmd.printVersion(std::cout);
-      return 0;
-    case DtCmdLine::Result::Error:
-      cmd.printParseError(std::cerr);
-      return 2;
-    case DtCmdLine::Result::Ok:
-      break;
-  }
+  if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   const std::string outDir = cmd.positionals().empty() ? "." : cmd.positionals()[0];
   theExecution = cmd.value(federation);
   const std::string viewerExecution =

@@ -56,3 +56,29 @@ TEST(CmdLine, ErrorsHelpAndVersion) {
   EXPECT_EQ(v.str(), "steer 54.0\n");
   DtCmdLine::pressAnyKeyToContinue(v);  // input is not a terminal under test: returns at once
 }
+
+// A program's answer to what is no work for it: the status it ends with, and which stream says why.
+TEST(CmdLine, ParseForProgramEndsWithTheRightStatusOnTheRightStream) {
+  const auto run = [](std::initializer_list<const char*> args, std::string* out, std::string* err) {
+    Line line;
+    std::vector<const char*> argv{"steer"};
+    argv.insert(argv.end(), args);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const int status = line.cmd.parseForProgram(static_cast<int>(argv.size()), argv.data());
+    *out = testing::internal::GetCapturedStdout();
+    *err = testing::internal::GetCapturedStderr();
+    return status;
+  };
+  std::string out, err;
+  EXPECT_EQ(run({"--help"}, &out, &err), 0);
+  EXPECT_NE(out.find("Usage: steer"), std::string::npos);
+  EXPECT_TRUE(err.empty());
+  EXPECT_EQ(run({"--version"}, &out, &err), 0);
+  EXPECT_EQ(out, "steer 54.0\n");
+  EXPECT_EQ(run({"--bogus"}, &out, &err), 2);
+  EXPECT_TRUE(out.empty());
+  EXPECT_EQ(err.rfind("PARSE ERROR: unknown argument '--bogus'", 0), 0u);
+  EXPECT_EQ(run({"-v", "--viewer", "x"}, &out, &err), -1);
+  EXPECT_TRUE(out.empty() && err.empty());
+}

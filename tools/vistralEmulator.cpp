@@ -82,19 +82,7 @@ int main(int argc, char** argv) {
                    "serve a live view of the viewer at http://HOST:PORT/ (HOST 127.0.0.1 unless given)", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
   const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
-  switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help:
-      cmd.printUsage(std::cout);
-      return 0;
-    case DtCmdLine::Result::Version:
-      cmd.printVersion(std::cout);
-      return 0;
-    case DtCmdLine::Result::Error:
-      cmd.printParseError(std::cerr);
-      return 2;
-    case DtCmdLine::Result::Ok:
-      break;
-  }
+  if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   char* end = nullptr;
   const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
   if (*end != '\0' || runFor < 0) {

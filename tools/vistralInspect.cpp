@@ -93,19 +93,7 @@ int main(int argc, char** argv) {
   cmd.setPositionalHelp(
       "FILE... | COMMAND TEXT",
       "the inputs ('-' for standard input), or with --build a command number and its text form");
-  switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help:
-      cmd.printUsage(std::cout);
-      return 0;
-    case DtCmdLine::Result::Version:
-      cmd.printVersion(std::cout);
-      return 0;
-    case DtCmdLine::Result::Error:
-      cmd.printParseError(std::cerr);
-      return 2;
-    case DtCmdLine::Result::Ok:
-      break;
-  }
+  if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   // The library's start-up banner would mix with what is printed.
   std::ostream quiet(nullptr);
   DtInfo.setStream(quiet);

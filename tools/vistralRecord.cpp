@@ -52,19 +52,7 @@ int main(int argc, char** argv) {
   const int seconds = cmd.addValue("seconds", "s", "N", "record for N seconds (0: until interrupted)", "0");
   const int count = cmd.addValue("count", "c", "N", "stop after N PDUs (0: no limit)", "0");
   cmd.setPositionalHelp("OUT.pcapng", "the recording to write");
-  switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help:
-      cmd.printUsage(std::cout);
-      return 0;
-    case DtCmdLine::Result::Version:
-      cmd.printVersion(std::cout);
-      return 0;
-    case DtCmdLine::Result::Error:
-      cmd.printParseError(std::cerr);
-      return 2;
-    case DtCmdLine::Result::Ok:
-      break;
-  }
+  if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   char* end = nullptr;
   const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
   if (*end != '\0' || runFor < 0) {

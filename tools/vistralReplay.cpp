@@ -87,19 +87,7 @@ int main(int argc, char** argv) {
   const int linger = cmd.addValue("linger", "", "SECONDS",
                                   "stay joined this long after the last PDU (for late answers)", "0.5");
   cmd.setPositionalHelp("RECORDING", "a pcapng or pcap file");
-  switch (cmd.parse(argc, argv)) {
-    case DtCmdLine::Result::Help:
-      cmd.printUsage(std::cout);
-      return 0;
-    case DtCmdLine::Result::Version:
-      cmd.printVersion(std::cout);
-      return 0;
-    case DtCmdLine::Result::Error:
-      cmd.printParseError(std::cerr);
-      return 2;
-    case DtCmdLine::Result::Ok:
-      break;
-  }
+  if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   char* end = nullptr;
   const double factor = std::strtod(cmd.value(speed).c_str(), &end);
   if (*end != '\0' || !(factor > 0) || !std::isfinite(factor)) {

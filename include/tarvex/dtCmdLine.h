@@ -35,6 +35,11 @@ class TARVEX_EXPORT DtCmdLine {
   // value gives Error with error() saying which. "--" ends the options.
   Result parse(int argc, const char* const* argv);
 
+  // Parses, and answers what is no work for the program as a program does: the usage or the version on
+  // standard output (the program then ends with status 0), a parse error and the usage on standard error
+  // (status 2). Returns the status to end with, or -1 when parse() gave Ok and the program goes on.
+  int parseForProgram(int argc, const char* const* argv);
+
   // Whether the switch or value argument under index was given.
   bool isSet(int index) const;
   // The argument's value as given, or its default; an empty text for an index no add call returned.

@@ -1,6 +1,7 @@
 #include "tarvex/dtCmdLine.h"
 
 #include <cstdio>
+#include <iostream>
 #include <ostream>
 
 #include <termios.h>
@@ -128,6 +129,23 @@ void DtCmdLine::printUsage(std::ostream& out) const {
 }
 
 void DtCmdLine::printVersion(std::ostream& out) const { out << program_ << " " << version_ << "\n"; }
+
+int DtCmdLine::parseForProgram(int argc, const char* const* argv) {
+  switch (parse(argc, argv)) {
+    case Result::Help:
+      printUsage(std::cout);
+      return 0;
+    case Result::Version:
+      printVersion(std::cout);
+      return 0;
+    case Result::Error:
+      printParseError(std::cerr);
+      return 2;
+    case Result::Ok:
+      break;
+  }
+  return -1;
+}
 
 void DtCmdLine::printParseError(std::ostream& out) const {
   out << "PARSE ERROR: " << error_ << "\n\n";
