@@ -57,6 +57,23 @@ TEST(CmdLine, ErrorsHelpAndVersion) {
   DtCmdLine::pressAnyKeyToContinue(v);  // input is not a terminal under test: returns at once
 }
 
+// Numbers given as values: inside their range, whole where asked, and nothing else (the output left alone).
+TEST(CmdLine, NumbersInRangeAndNothingElse) {
+  double n = -1;
+  const auto read = [&n](const char* text, double low, double high, bool whole) {
+    Line line;
+    EXPECT_EQ(line.parse({"--viewer", text}), DtCmdLine::Result::Ok);
+    return line.cmd.number(line.viewer, low, high, whole, &n);
+  };
+  EXPECT_TRUE(read("2.5", 0, 10, false));
+  EXPECT_EQ(n, 2.5);
+  EXPECT_TRUE(read("65535", 0, 65535, true));
+  EXPECT_EQ(n, 65535);
+  for (const char* bad : {"", "x", "3s", "65536", "-1", "1.5", "nan"})
+    EXPECT_FALSE(read(bad, 0, 65535, true)) << bad;
+  EXPECT_EQ(n, 65535);
+}
+
 // A program's answer to what is no work for it: the status it ends with, and which stream says why.
 TEST(CmdLine, ParseForProgramEndsWithTheRightStatusOnTheRightStream) {
   const auto run = [](std::initializer_list<const char*> args, std::string* out, std::string* err) {

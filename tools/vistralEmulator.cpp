@@ -6,6 +6,7 @@
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
 //                   [--svg FILE] [--png FILE] [--json FILE] [--http [HOST:]PORT] [--quiet] [--dump]
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -83,9 +84,8 @@ int main(int argc, char** argv) {
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
   const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
   if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
-  char* end = nullptr;
-  const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
-  if (*end != '\0' || runFor < 0) {
+  double runFor = 0;
+  if (!cmd.number(seconds, 0, HUGE_VAL, false, &runFor)) {
     std::cerr << "PARSE ERROR: '" << cmd.value(seconds) << "' is not a number of seconds\n";
     return 2;
   }

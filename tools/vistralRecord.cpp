@@ -5,6 +5,7 @@
 //
 //   vistralRecord --federation NAME [--fed FILE] [--seconds N] [--count N] OUT.pcapng
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -53,17 +54,16 @@ int main(int argc, char** argv) {
   const int count = cmd.addValue("count", "c", "N", "stop after N PDUs (0: no limit)", "0");
   cmd.setPositionalHelp("OUT.pcapng", "the recording to write");
   if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
-  char* end = nullptr;
-  const double runFor = std::strtod(cmd.value(seconds).c_str(), &end);
-  if (*end != '\0' || runFor < 0) {
+  double runFor = 0, limitNumber = 0;
+  if (!cmd.number(seconds, 0, HUGE_VAL, false, &runFor)) {
     std::cerr << "vistralRecord: '" << cmd.value(seconds) << "' is not a number of seconds\n";
     return 2;
   }
-  const unsigned long limit = std::strtoul(cmd.value(count).c_str(), &end, 10);
-  if (*end != '\0' || cmd.value(count)[0] == '-') {
+  if (!cmd.number(count, 0, 1e15, true, &limitNumber)) {
     std::cerr << "vistralRecord: '" << cmd.value(count) << "' is not a count\n";
     return 2;
   }
+  const auto limit = static_cast<unsigned long>(limitNumber);
   if (cmd.positionals().size() != 1) {
     std::cerr << "vistralRecord: give one output file\n";
     return 2;

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cfloat>
 #include <chrono>
 #include <cmath>
 #include <csignal>
@@ -88,19 +89,16 @@ int main(int argc, char** argv) {
                                   "stay joined this long after the last PDU (for late answers)", "0.5");
   cmd.setPositionalHelp("RECORDING", "a pcapng or pcap file");
   if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
-  char* end = nullptr;
-  const double factor = std::strtod(cmd.value(speed).c_str(), &end);
-  if (*end != '\0' || !(factor > 0) || !std::isfinite(factor)) {
+  double factor = 0, lingerFor = 0, portNumber = 0;
+  if (!cmd.number(speed, 0, DBL_MAX, false, &factor) || !(factor > 0)) {
     std::cerr << "vistralReplay: --speed: '" << cmd.value(speed) << "' is not a positive number\n";
     return 2;
   }
-  const double lingerFor = std::strtod(cmd.value(linger).c_str(), &end);
-  if (*end != '\0' || !(lingerFor >= 0)) {
+  if (!cmd.number(linger, 0, HUGE_VAL, false, &lingerFor)) {
     std::cerr << "vistralReplay: --linger: '" << cmd.value(linger) << "' is not a number of seconds\n";
     return 2;
   }
-  const long portNumber = std::strtol(cmd.value(port).c_str(), &end, 10);
-  if (*end != '\0' || portNumber < 0 || portNumber > 65535) {
+  if (!cmd.number(port, 0, 65535, true, &portNumber)) {
     std::cerr << "vistralReplay: --port: '" << cmd.value(port) << "' is not a port\n";
     return 2;
   }

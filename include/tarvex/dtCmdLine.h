@@ -44,6 +44,9 @@ class TARVEX_EXPORT DtCmdLine {
   bool isSet(int index) const;
   // The argument's value as given, or its default; an empty text for an index no add call returned.
   const std::string& value(int index) const;
+  // The argument's value read as a number from low to high, a whole one when whole is set; false, leaving out
+  // alone, when its text is empty or no such number.
+  bool number(int index, double low, double high, bool whole, double* out) const;
   // The arguments that are no options, in order.
   const std::vector<std::string>& positionals() const { return positionals_; }
   // What was wrong after parse() gave Error.

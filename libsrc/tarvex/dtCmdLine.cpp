@@ -1,5 +1,6 @@
 #include "tarvex/dtCmdLine.h"
 
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <ostream>
@@ -129,6 +130,16 @@ void DtCmdLine::printUsage(std::ostream& out) const {
 }
 
 void DtCmdLine::printVersion(std::ostream& out) const { out << program_ << " " << version_ << "\n"; }
+
+bool DtCmdLine::number(int index, double low, double high, bool whole, double* out) const {
+  const std::string& text = value(index);
+  if (text.empty()) return false;
+  char* end = nullptr;
+  const double n = std::strtod(text.c_str(), &end);
+  if (*end != '\0' || !(n >= low && n <= high) || (whole && n != std::floor(n))) return false;
+  *out = n;
+  return true;
+}
 
 int DtCmdLine::parseForProgram(int argc, const char* const* argv) {
   switch (parse(argc, argv)) {
