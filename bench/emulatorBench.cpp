@@ -11,6 +11,7 @@
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/orbitVcPdu.h"
 #include "vistralcontrol/tetherVcPdu.h"
+#include "vistralcontrol/vdcAttachablePdu.h"
 #include "vistralcontrol/vdcLinePdu.h"
 #include "vistralcontrol/vdcTextPdu.h"
 #include "vistralcontrol/vistralDrawControlPdu.h"
@@ -78,12 +79,16 @@ void BM_EmulatorDrawPdu(benchmark::State& state) {
   state.SetLabel(DtEnumString(sample->viewerCommand()));
 }
 
-// 10^6 lines drawn, each under an id of its own: the time per line and the heap each one keeps.
+// 10^6 lines drawn, each under an id of its own and between two world positions of its own: the time per
+// line, the heap each one keeps and the heap the scene holds.
 void BM_EmulatorHeldLines(benchmark::State& state) {
   const long n = state.range(0);
   std::unique_ptr<DtVistralControlPdu> line(DtNewDrawControlPdu(static_cast<DtViewerCommand>(DtVdc2DLine)));
   line->setViewerId(kViewer);
   auto* draw = dynamic_cast<DtVistralDrawControlPdu*>(line.get());
+  auto* anchored = dynamic_cast<DtVdcAttachablePdu*>(line.get());
+  unsigned char orange[4] = {255, 128, 0, 255};
+  anchored->setColor(orange);
   double perLine = 0;
   for (auto _ : state) {
     state.PauseTiming();
@@ -92,6 +97,8 @@ void BM_EmulatorHeldLines(benchmark::State& state) {
     state.ResumeTiming();
     for (long id = 1; id <= n; ++id) {
       draw->setObjectId(static_cast<unsigned>(id));
+      const double east = 10.0 * static_cast<double>(id);
+      anchored->attachTo(DtVector64(east, 2000.0, 30.0), DtVector64(east + 5.0, 2100.0, 30.0));
       viewer->applyImage(line->packet(), static_cast<std::size_t>(line->length()));
     }
     state.PauseTiming();
@@ -101,6 +108,7 @@ void BM_EmulatorHeldLines(benchmark::State& state) {
     state.ResumeTiming();
   }
   state.counters["bytes/line"] = perLine;
+  state.counters["MB held"] = perLine * static_cast<double>(n) / 1e6;
   state.SetItemsProcessed(state.iterations() * n);
 }
 }  // namespace

@@ -3,6 +3,8 @@
 // layers, panels and removal), state reports reaching a controller's callback, and hostile PDUs.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -292,6 +294,13 @@ TEST(Emulator, DrawsEveryKindByIdWithUpdatesVisibilityLayersPanelsAndRemoval) {
   EXPECT_EQ(snapshot["attributeTemplates"]["7"]["1"]["range"], json({0.0, 100.0}));
   EXPECT_EQ(snapshot["attributeTemplates"]["7"]["2"]["name"], "Flag");
   EXPECT_EQ(snapshot["counters"]["unknownTargets"], 1);
+  std::string lineHex;
+  for (int i = 0; i < line.length(); ++i) {
+    char two[3];
+    std::snprintf(two, sizeof two, "%02x", line.packet()[i]);
+    lineHex += two;
+  }
+  EXPECT_EQ(objects["1"]["lastPdu"], lineHex);  // the last PDU of the line, byte for byte
 
   // Removing the layer takes it off its members; removing the template drops its layout.
   s.draw(*std::make_unique<DtVdcCommandPdu>(command(6, DtVdcCommandRemove)));
@@ -304,6 +313,28 @@ TEST(Emulator, DrawsEveryKindByIdWithUpdatesVisibilityLayersPanelsAndRemoval) {
   EXPECT_EQ(DtEmulatorPictureSvg(s.emulator.state()).rfind("<svg", 200) != std::string::npos, true);
   EXPECT_EQ(DtEmulatorPicturePng(s.emulator.state()).substr(1, 3), "PNG");
   EXPECT_FALSE(DtWriteEmulatorPicture(s.emulator.state(), "picture.gif"));
+}
+
+// The kept image packs runs of zeros: runs at either end, of one byte, of the longest run a count holds and
+// of longer ones, and images with no zero or nothing else, all come back byte for byte.
+TEST(EmulatorImage, KeepsEveryByteThroughZeroRunsOfAnyLength) {
+  std::vector<std::vector<std::uint8_t>> images = {{}, {0}, {7}, {0, 7, 0}, {1, 2, 3}};
+  for (const std::size_t run : {254u, 255u, 256u, 510u, 511u, 1000u}) {
+    std::vector<std::uint8_t> image(run, 0);
+    image.push_back(9);
+    image.insert(image.end(), run, 0);
+    images.push_back(image);
+  }
+  std::vector<std::uint8_t> everyByte;
+  for (int i = 0; i < 256; ++i) everyByte.push_back(static_cast<std::uint8_t>(i));
+  images.push_back(everyByte);
+  for (const auto& image : images) {
+    const DtEmulatorImage kept(image.data(), image.size());
+    EXPECT_EQ(kept.size(), image.size());
+    EXPECT_EQ(kept.bytes(), image);
+  }
+  const std::vector<std::uint8_t> mostlyZeros(408, 0);
+  EXPECT_LT(DtEmulatorImage(mostlyZeros.data(), mostlyZeros.size()).packedSize(), 8u);
 }
 
 namespace {

@@ -134,6 +134,29 @@ struct DtEmulatorAttributeDef {
   double rangeMax = 0;
 };
 
+// A PDU image as the viewer keeps it. Runs of zero bytes, which the fixed-size texts, entity ids and tables
+// of draw PDUs leave plenty of, are stored as their length only, so that a scene of a million objects keeps
+// each one's last PDU at a fraction of its size.
+class VISTRAL_EMULATOR_EXPORT DtEmulatorImage {
+ public:
+  // An empty image, or a copy of size bytes at data.
+  DtEmulatorImage() = default;
+  DtEmulatorImage(const std::uint8_t* data, std::size_t size);
+  // Replaces the image with a copy of size bytes at data.
+  void assign(const std::uint8_t* data, std::size_t size);
+  // The image's length in bytes, and whether it has none.
+  std::size_t size() const { return size_; }
+  bool empty() const { return size_ == 0; }
+  // The image's bytes as they arrived.
+  std::vector<std::uint8_t> bytes() const;
+  // The bytes it keeps for them.
+  std::size_t packedSize() const { return packed_.size(); }
+
+ private:
+  std::vector<std::uint8_t> packed_;
+  std::size_t size_ = 0;
+};
+
 // One drawn object: what kind it is, the last PDU that described it and what that PDU said, and what the
 // commands since did to it.
 struct DtEmulatorObject {
@@ -142,7 +165,7 @@ struct DtEmulatorObject {
   int viewerCommand = 0;  // the PDU class: 2520 line, 2540 poly object, 2550 triangle, ...
   int type = 0;           // the draw-object type
   // The image of the last PDU that described it, as it arrived.
-  std::vector<std::uint8_t> lastPdu;
+  DtEmulatorImage lastPdu;
   int pduCount = 0;  // PDUs that have described it (the first and every update)
   // False after a hide command, true after a show command (DtEmulatorState::shown also asks its layers), and
   // the layers it belongs to.

@@ -25,6 +25,56 @@ DtEmulatorColor colorOf(const unsigned char* rgba) {
 
 bool isAttributeDefinition(int type) { return type >= DtVdcAttributeNoValue && type <= DtVdcAttributeBitmap; }
 
+void describeAnchor(DtEmulatorObject& fresh, const DtVdcAttachablePdu& a) {
+  fresh.attachable = true;
+  DtEmulatorAnchor& anchor = fresh.anchor;
+  anchor.attachment = a.attachmentType();
+  for (int i = 0; i < 2; ++i) {
+    anchor.positions[i] = vec(a.position(i));
+    anchor.entities[i] = a.attachEntityId(i).c_str();
+    anchor.objects[i] = a.attachObjectId(i);
+    anchor.relativeLocations[i] = a.relativeLocation(i);
+  }
+  anchor.offset = vec(a.offset());
+  fresh.color = colorOf(a.color());
+  fresh.flashing = a.flashing();
+}
+
+void describeLine(DtEmulatorObject& fresh, const DtVdcLinePdu& line) {
+  for (unsigned i = 0; i < line.numSegments(); ++i) {
+    DtEmulatorSegment s;
+    s.color = colorOf(line.color(i));
+    s.pattern = line.pattern(i);
+    s.thickness = line.thickness(i);
+    s.arrowStyle = line.arrowStyle(i);
+    s.appearance = line.appearance(i);
+    s.percentage = line.percentage(i);
+    fresh.segments.push_back(s);
+  }
+  fresh.checkLos = line.checkLos();
+  fresh.projected = line.projected();
+}
+
+// Poly objects, and the triangles and areas among them.
+void describeShape(DtEmulatorObject& fresh, const DtVdcPolyObjectPduBase& poly) {
+  fresh.fill = poly.fill();
+  fresh.pattern = poly.pattern();
+  fresh.scale = vec(poly.scale());
+  const DtTaitBryan r = poly.rotation();
+  fresh.rotation = {r.psi(), r.theta(), r.phi()};
+  if (const auto* triangle = dynamic_cast<const DtVdcTrianglePduBase*>(&poly)) {
+    for (int i = 0; i < DtVdcTrianglePduBase::kNumPoints; ++i)
+      fresh.points.push_back(vec(triangle->point(i)));
+  } else if (const auto* area = dynamic_cast<const DtVdcAreaPduBase*>(&poly)) {
+    // The count is one byte and is not bounded by the sixteen places the PDU has.
+    const int count = std::min(area->numPoints(), DtVdcAreaPduBase::kMaxPoints);
+    for (int i = 0; i < count; ++i) fresh.points.push_back(vec(area->point(i)));
+    fresh.textureDirectory = area->textureDirectory().c_str();
+    fresh.textureFilename = area->textureFilename().c_str();
+    fresh.textureTiles = area->numTextureTiles();
+  }
+}
+
 // What the PDU says about the object, into a record that keeps only what commands gave it (visibility,
 // layers) and, while the object stays the same kind, its panel values.
 void describe(DtEmulatorObject& object, const DtVistralDrawControlPdu& pdu) {
@@ -32,7 +82,7 @@ void describe(DtEmulatorObject& object, const DtVistralDrawControlPdu& pdu) {
   fresh.id = object.id;
   fresh.viewerCommand = pdu.viewerCommand();
   fresh.type = static_cast<int>(pdu.type());
-  fresh.lastPdu.assign(pdu.packet(), pdu.packet() + pdu.length());
+  fresh.lastPdu.assign(pdu.packet(), static_cast<std::size_t>(pdu.length()));
   fresh.pduCount = object.pduCount + 1;
   fresh.visible = object.visible;
   fresh.layers = object.layers;
@@ -41,61 +91,25 @@ void describe(DtEmulatorObject& object, const DtVistralDrawControlPdu& pdu) {
     fresh.hiddenAttributes = std::move(object.hiddenAttributes);
   }
 
+  // The families nest (every family but layers is attachable, triangles and areas are poly objects), so each
+  // PDU is asked only the casts on its own branch.
   if (const auto* a = dynamic_cast<const DtVdcAttachablePdu*>(&pdu)) {
-    fresh.attachable = true;
-    DtEmulatorAnchor& anchor = fresh.anchor;
-    anchor.attachment = a->attachmentType();
-    for (int i = 0; i < 2; ++i) {
-      anchor.positions[i] = vec(a->position(i));
-      anchor.entities[i] = a->attachEntityId(i).c_str();
-      anchor.objects[i] = a->attachObjectId(i);
-      anchor.relativeLocations[i] = a->relativeLocation(i);
+    describeAnchor(fresh, *a);
+    if (const auto* line = dynamic_cast<const DtVdcLinePdu*>(a)) {
+      describeLine(fresh, *line);
+    } else if (const auto* poly = dynamic_cast<const DtVdcPolyObjectPduBase*>(a)) {
+      describeShape(fresh, *poly);
+    } else if (const auto* text = dynamic_cast<const DtVdcTextPduBase*>(a)) {
+      fresh.text = text->text().c_str();
+    } else if (const auto* attribute = dynamic_cast<const DtVdcAttributePduBase*>(a)) {
+      fresh.text = attribute->name().c_str();
+      fresh.attributeGroupId = attribute->attributeGroupId();
+      fresh.hasRange = attribute->hasRange();
+      fresh.rangeMin = attribute->rangeMin();
+      fresh.rangeMax = attribute->rangeMax();
     }
-    anchor.offset = vec(a->offset());
-    fresh.color = colorOf(a->color());
-    fresh.flashing = a->flashing();
-  }
-  if (const auto* line = dynamic_cast<const DtVdcLinePdu*>(&pdu)) {
-    for (unsigned i = 0; i < line->numSegments(); ++i) {
-      DtEmulatorSegment s;
-      s.color = colorOf(line->color(i));
-      s.pattern = line->pattern(i);
-      s.thickness = line->thickness(i);
-      s.arrowStyle = line->arrowStyle(i);
-      s.appearance = line->appearance(i);
-      s.percentage = line->percentage(i);
-      fresh.segments.push_back(s);
-    }
-    fresh.checkLos = line->checkLos();
-    fresh.projected = line->projected();
-  }
-  if (const auto* poly = dynamic_cast<const DtVdcPolyObjectPduBase*>(&pdu)) {
-    fresh.fill = poly->fill();
-    fresh.pattern = poly->pattern();
-    fresh.scale = vec(poly->scale());
-    const DtTaitBryan r = poly->rotation();
-    fresh.rotation = {r.psi(), r.theta(), r.phi()};
-  }
-  if (const auto* triangle = dynamic_cast<const DtVdcTrianglePduBase*>(&pdu)) {
-    for (int i = 0; i < DtVdcTrianglePduBase::kNumPoints; ++i)
-      fresh.points.push_back(vec(triangle->point(i)));
-  }
-  if (const auto* area = dynamic_cast<const DtVdcAreaPduBase*>(&pdu)) {
-    // The count is one byte and is not bounded by the sixteen places the PDU has.
-    const int count = std::min(area->numPoints(), DtVdcAreaPduBase::kMaxPoints);
-    for (int i = 0; i < count; ++i) fresh.points.push_back(vec(area->point(i)));
-    fresh.textureDirectory = area->textureDirectory().c_str();
-    fresh.textureFilename = area->textureFilename().c_str();
-    fresh.textureTiles = area->numTextureTiles();
-  }
-  if (const auto* text = dynamic_cast<const DtVdcTextPduBase*>(&pdu)) fresh.text = text->text().c_str();
-  if (const auto* layer = dynamic_cast<const DtVdcLayerPduBase*>(&pdu)) fresh.text = layer->name().c_str();
-  if (const auto* attribute = dynamic_cast<const DtVdcAttributePduBase*>(&pdu)) {
-    fresh.text = attribute->name().c_str();
-    fresh.attributeGroupId = attribute->attributeGroupId();
-    fresh.hasRange = attribute->hasRange();
-    fresh.rangeMin = attribute->rangeMin();
-    fresh.rangeMax = attribute->rangeMax();
+  } else if (const auto* layer = dynamic_cast<const DtVdcLayerPduBase*>(&pdu)) {
+    fresh.text = layer->name().c_str();
   }
   object = std::move(fresh);
 }

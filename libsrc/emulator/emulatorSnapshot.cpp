@@ -76,7 +76,7 @@ json objectJson(const DtEmulatorState& state, const DtEmulatorObject& o) {
   out["shown"] = state.shown(o);
   out["layers"] = o.layers;
   out["pduCount"] = o.pduCount;
-  out["lastPdu"] = hex(o.lastPdu);
+  out["lastPdu"] = hex(o.lastPdu.bytes());
   if (o.attachable) {
     const DtEmulatorAnchor& a = o.anchor;
     out["attachment"] = {
