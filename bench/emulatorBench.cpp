@@ -4,7 +4,9 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include <fstream>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "tarvex/dtString.h"
@@ -19,6 +21,14 @@
 
 namespace {
 const DtString kViewer("vistral-1");
+
+// The process's resident memory in MB, from the kernel's own count.
+double residentMb() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);)
+    if (line.compare(0, 6, "VmRSS:") == 0) return std::stod(line.substr(6)) / 1024.0;
+  return 0;
+}
 
 // Images of a few view commands, each addressed to the viewer, taken in turn.
 std::vector<std::vector<unsigned char>> viewImages() {
@@ -103,6 +113,7 @@ void BM_EmulatorHeldLines(benchmark::State& state) {
     }
     state.PauseTiming();
     perLine = static_cast<double>(mallinfo2().uordblks - before) / static_cast<double>(n);
+    state.counters["MB resident"] = residentMb();
     if (viewer->state().objects.size() != static_cast<std::size_t>(n)) state.SkipWithError("lines were lost");
     viewer.reset();
     state.ResumeTiming();
