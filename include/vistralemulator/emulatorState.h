@@ -139,8 +139,9 @@ struct DtEmulatorAttributeDef {
 // each one's last PDU at a fraction of its size.
 class VISTRAL_EMULATOR_EXPORT DtEmulatorImage {
  public:
-  // An empty image, or a copy of size bytes at data.
+  // An empty image.
   DtEmulatorImage() = default;
+  // A copy of size bytes at data.
   DtEmulatorImage(const std::uint8_t* data, std::size_t size);
   // Replaces the image with a copy of size bytes at data.
   void assign(const std::uint8_t* data, std::size_t size);
