@@ -29,13 +29,15 @@
 namespace {
 int received = 0;
 
+// Only draw PDUs count: on a shared network other viewers' state reports reach this viewer too, late ones
+// in the middle of the drawing.
 void printDrawn(DtVistralControlInteraction* inter, void*) {
-  ++received;
   const auto* pdu = dynamic_cast<const DtVistralDrawControlPdu*>(inter->vcPdu());
   if (pdu == nullptr) {
     std::cout << "<-- viewer received something that is not a draw PDU\n";
     return;
   }
+  ++received;
   std::cout << "<-- viewer: " << DtVistralDrawControlPdu::typeString(static_cast<int>(pdu->type()))
             << " object " << pdu->objectId() << " (" << pdu->length() << " bytes): \"" << pdu->string()
             << "\"\n";
