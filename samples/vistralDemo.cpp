@@ -104,7 +104,8 @@ bool steeringSession(DtVistralEmulator& viewer) {
   DtVistralControlRegister(&conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
-  int reports = 0;
+  // Every request must be answered; on a shared network other viewers of the same id answer too.
+  int reports = 0, answered = 0;
   controller.addViewModeChangeCallback(&heardReport, &reports, DtVistralRemoteController::SEND_TO_ALL);
 
   const DtString tank("1:3001:12 Tank"), truck("1:3002:5");
@@ -119,7 +120,7 @@ bool steeringSession(DtVistralEmulator& viewer) {
     const int before = reports;
     command();
     controller.requestCurrentViewMode(kViewer);
-    deliverUntil([&] { return reports > before; }, {viewer.connection(), &conn});
+    if (deliverUntil([&] { return reports > before; }, {viewer.connection(), &conn})) ++answered;
   };
   step("absolute mode", [&] { controller.setAbsoluteMode(&location, &look); });
   step("tether mode", [&] { controller.setTetherMode(&tank, &offset, &look); });
@@ -139,7 +140,7 @@ bool steeringSession(DtVistralEmulator& viewer) {
   });
 
   std::cout << "\n" << reports << " mode reports heard by the controller\n";
-  return reports == 13;
+  return answered == 13;
 }
 
 // ---- Step 3 ----------------------------------------------------------------------------------------------
