@@ -56,6 +56,7 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   static void received(DtVistralControlInteraction* inter, void* usr);
   void listen();
   void answer();
+  void takeUnreadable();
 
   DtString viewerId_;
   std::unique_ptr<DtExerciseConn> ownedConn_;

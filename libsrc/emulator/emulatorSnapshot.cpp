@@ -37,6 +37,13 @@ std::string hex(const std::vector<std::uint8_t>& bytes) {
   return out;
 }
 
+// As text: a JSON number that large is not read exactly everywhere.
+std::string digestText(std::uint64_t digest) {
+  char text[17];
+  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(digest));
+  return text;
+}
+
 const char* directionName(int direction) {
   static const char* const kNames[] = {"LEFT", "RIGHT", "UP", "DOWN", "FORWARDS", "BACKWARDS"};
   return direction >= 0 && direction < 6 ? kNames[direction] : "none";
@@ -198,7 +205,8 @@ std::string DtEmulatorSnapshotJson(const DtEmulatorState& state) {
   out["counters"] = {{"received", c.received},
                      {"ignored", c.ignored},
                      {"answered", c.answered},
-                     {"unknownTargets", c.unknownTargets}};
+                     {"unknownTargets", c.unknownTargets},
+                     {"digest", digestText(c.digest)}};
   return out.dump(2, ' ', false, json::error_handler_t::replace);
 }
 

@@ -16,7 +16,20 @@
 
 namespace {
 const DtString kEveryViewer("0:0:0");
+
+// Folds one image into the running digest, eight bytes at a step, read in the same order on any host.
+std::uint64_t digestImage(std::uint64_t digest, const unsigned char* bytes, int length) {
+  constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15ULL;
+  std::uint64_t h = (digest ^ static_cast<std::uint64_t>(length)) * kPrime;
+  for (int at = 0; at < length; at += 8) {
+    std::uint64_t word = 0;
+    for (int i = at; i < std::min(length, at + 8); ++i) word = (word << 8) | bytes[i];
+    h = (h ^ word) * kPrime;
+    h ^= h >> 29;
+  }
+  return h;
 }
+}  // namespace
 
 DtVistralEmulator::DtVistralEmulator(DtExerciseConn* conn, const DtString& viewerId)
     : viewerId_(viewerId), conn_(conn) {
@@ -60,8 +73,19 @@ void DtVistralEmulator::setLiveView(DtEmulatorLiveView* view) {
 }
 
 void DtVistralEmulator::received(DtVistralControlInteraction* inter, void* usr) {
-  // An interaction whose value was not a control PDU carries none.
-  if (const DtVistralControlPdu* pdu = inter->vcPdu()) static_cast<DtVistralEmulator*>(usr)->apply(*pdu);
+  auto* self = static_cast<DtVistralEmulator*>(usr);
+  // An interaction whose value was not a control PDU carries none: taken and ignored, as applyImage() does.
+  if (const DtVistralControlPdu* pdu = inter->vcPdu()) {
+    self->apply(*pdu);
+  } else {
+    self->takeUnreadable();
+  }
+}
+
+void DtVistralEmulator::takeUnreadable() {
+  ++state_.counters.received;
+  ++state_.counters.ignored;
+  unpublished_ = liveView_ != nullptr;
 }
 
 void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t length) {
@@ -75,15 +99,14 @@ void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t lengt
   if (const auto* pdu = dynamic_cast<const DtVistralControlPdu*>(made.get())) {
     apply(*pdu);
   } else {
-    ++state_.counters.received;
-    ++state_.counters.ignored;
-    unpublished_ = liveView_ != nullptr;
+    takeUnreadable();
   }
 }
 
 void DtVistralEmulator::apply(const DtVistralControlPdu& pdu) {
   using namespace vistralemulator;
   ++state_.counters.received;
+  state_.counters.digest = digestImage(state_.counters.digest, pdu.packet(), pdu.length());
   if (liveView_ != nullptr) {
     liveView_->logPdu(pdu);
     unpublished_ = true;
