@@ -56,6 +56,7 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   static void received(DtVistralControlInteraction* inter, void* usr);
   void listen();
   void answer();
+  // Counts a received value that was no control PDU.
   void takeUnreadable();
 
   DtString viewerId_;

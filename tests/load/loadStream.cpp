@@ -426,10 +426,6 @@ void DtLoadStream::fillDraw(DtVistralControlPdu& pdu) {
 
 DtLoadDamage DtLoadStream::damage(DtVistralControlPdu& pdu) {
   auto how = static_cast<DtLoadDamage>(1 + below(6));
-  const bool counted =
-      dynamic_cast<DtGroupVCPdu*>(&pdu) != nullptr || dynamic_cast<DtModelessVCPdu*>(&pdu) != nullptr ||
-      dynamic_cast<DtVdcLinePdu*>(&pdu) != nullptr || dynamic_cast<DtVdcAreaPduBase*>(&pdu) != nullptr;
-  if (how == DtLoadDamage::badCounts && !counted) how = DtLoadDamage::flippedBytes;
   if (how == DtLoadDamage::unterminated && static_cast<std::size_t>(pdu.length()) <= kFixedPart)
     how = DtLoadDamage::flippedBytes;
   if (how == DtLoadDamage::unknownCommand) {
@@ -455,7 +451,8 @@ DtLoadDamage DtLoadStream::damage(DtVistralControlPdu& pdu) {
       image_.resize(1 + below(static_cast<unsigned>(size - 1)));
       break;
     case DtLoadDamage::badCounts: {
-      // The counts stay as they were; the image ends early, its header saying so.
+      // The image ends before what its class and its counts (of entities, segments, points) call for, and
+      // its header says so.
       const std::size_t cut =
           std::max<std::size_t>(kFixedPart, size / 2) + below(static_cast<unsigned>(size / 2));
       image_.resize(std::min(cut, size - 1));

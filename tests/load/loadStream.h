@@ -19,7 +19,7 @@ enum class DtLoadDamage {
   intact,
   badLength,     // the header states another length than the bytes have
   truncated,     // cut short of the length its header states
-  badCounts,     // counts that state more entries than the image holds, length consistent
+  badCounts,     // shorter than its class and counts state, the header's length the bytes'
   unterminated,  // the trailing bytes (texts, where the PDU ends in one) overwritten with letters
   unknownCommand,
   flippedBytes,  // a few body bytes changed

@@ -19,6 +19,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -125,7 +126,7 @@ class LoadRun {
   bool dropsDamagedFrames_ = false;
   RawViewControl raw_;
   long reports_ = 0;
-  long hostile_[7] = {};
+  long damaged_[static_cast<int>(DtLoadDamage::flippedBytes) + 1] = {};  // by kind, intact ones first
   long undelivered_ = 0;
   long refusals_ = 0;
   Clock::time_point lastSample_;
@@ -223,7 +224,7 @@ bool LoadRun::run() {
   sample(0);
   for (long sent = 0; sent < o_.count;) {
     const DtLoadPdu pdu = stream_.next();
-    ++hostile_[static_cast<int>(pdu.damage)];
+    ++damaged_[static_cast<int>(pdu.damage)];
     if (!send(pdu)) return false;
     ++sent;
     if (sent % o_.window == 0 || sent == o_.count) {
@@ -239,9 +240,9 @@ bool LoadRun::run() {
       o_.count, o_.federation.c_str(), seconds, static_cast<double>(o_.count) / seconds, c.answered,
       refusals_);
   std::printf("hostile:");
-  for (int d = 1; d < 7; ++d)
-    std::printf(" %s %ld", DtLoadDamageName(static_cast<DtLoadDamage>(d)), hostile_[d]);
-  std::printf("; %ld dropped by the network's datagram checks\n", undelivered_);
+  for (int d = 1; d < static_cast<int>(std::size(damaged_)); ++d)
+    std::printf(" %s %ld", DtLoadDamageName(static_cast<DtLoadDamage>(d)), damaged_[d]);
+  std::printf("; %ld of them not for delivery on this network (its datagram checks)\n", undelivered_);
   std::printf("viewer took %ld, ignored %ld, digest %016llx, %zu objects\n", c.received, c.ignored,
               static_cast<unsigned long long>(c.digest), reference_.state().objects.size());
   const bool memoryFlat = checkMemory();
