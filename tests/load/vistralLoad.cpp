@@ -111,6 +111,9 @@ class LoadRun {
     if (pdu != nullptr && pdu->statusCommand() && pdu->senderId() == self->reference_.viewerId())
       ++self->reports_;
   }
+  Clock::duration timeout() const {
+    return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(o_.timeout));
+  }
   bool send(const DtLoadPdu& pdu);
   bool awaitReports(long sent);
   void poll();
@@ -143,10 +146,11 @@ void LoadRun::poll() {
 
 bool LoadRun::send(const DtLoadPdu& pdu) {
   raw_.set(pdu);
-  const auto deadline = Clock::now() + std::chrono::duration<double>(o_.timeout);
   // A refused send (a full socket buffer) sent nothing: it goes again once the network has drained.
+  Clock::time_point deadline;
   while (!conn_.sendInteraction(raw_)) {
     ++refusals_;
+    if (deadline == Clock::time_point()) deadline = Clock::now() + timeout();
     if (conn_.lost() || Clock::now() > deadline) {
       std::cerr << "the federation refuses to send: " << conn_.lostReason() << "\n";
       return false;
@@ -162,7 +166,7 @@ bool LoadRun::send(const DtLoadPdu& pdu) {
 }
 
 bool LoadRun::awaitReports(long sent) {
-  const auto deadline = Clock::now() + std::chrono::duration<double>(o_.timeout);
+  const auto deadline = Clock::now() + timeout();
   while (reports_ < reference_.state().counters.answered) {
     if (Clock::now() > deadline) {
       std::cerr << "after " << sent << " PDUs the viewer has sent " << reports_ << " of the "
