@@ -96,6 +96,7 @@ class LoadRun {
     if (backend == "inprocess")
       local_ = std::make_unique<DtVistralEmulator>(o.federation.c_str(), DtString(o.viewer.c_str()));
     dropsDamagedFrames_ = backend == "dis";
+    window_ = o.window > 0 ? o.window : dropsDamagedFrames_ ? 64 : 1024;
     DtVistralControlInteraction::addCallback(&conn_, &LoadRun::heard, this);
   }
   ~LoadRun() { DtVistralControlInteraction::removeCallback(&conn_, &LoadRun::heard, this); }
@@ -127,6 +128,7 @@ class LoadRun {
   DtExerciseConn conn_;
   std::unique_ptr<DtVistralEmulator> local_;
   bool dropsDamagedFrames_ = false;
+  long window_ = 0;
   RawViewControl raw_;
   long reports_ = 0;
   long damaged_[static_cast<int>(DtLoadDamage::flippedBytes) + 1] = {};  // by kind, intact ones first
@@ -231,7 +233,7 @@ bool LoadRun::run() {
     ++damaged_[static_cast<int>(pdu.damage)];
     if (!send(pdu)) return false;
     ++sent;
-    if (sent % o_.window == 0 || sent == o_.count) {
+    if (sent % window_ == 0 || sent == o_.count) {
       if (!send(stream_.stateRequest()) || !awaitReports(sent)) return false;
       sample(sent);
     }
@@ -258,7 +260,11 @@ bool readOptions(DtCmdLine& cmd, int argc, char** argv, Options* o, int* status)
   const int viewer = cmd.addValue("viewer", "t", "NAME", "the viewer's id", "vistral-1");
   const int count = cmd.addValue("count", "n", "N", "PDUs to send", "10000");
   const int seed = cmd.addValue("seed", "", "N", "the stream's seed", "1");
-  const int window = cmd.addValue("window", "w", "N", "PDUs between state requests", "64");
+  const int window =
+      cmd.addValue("window", "w", "N",
+                   "PDUs between state requests (0: 64 over DIS, which a viewer's socket buffer "
+                   "holds, 1024 over the others)",
+                   "0");
   const int objects = cmd.addValue("objects", "", "N", "draw object ids in use", "400");
   const int pid = cmd.addValue("viewer-pid", "", "PID", "the viewer's process, for its memory", "0");
   const int expect = cmd.addValue("expect", "", "FILE", "write the expected snapshot (JSON) here", "");
@@ -267,7 +273,7 @@ bool readOptions(DtCmdLine& cmd, int argc, char** argv, Options* o, int* status)
   if (*status >= 0) return false;
   double n = 0, s = 0, w = 0, k = 0, p = 0;
   if (!cmd.number(count, 1, 1e12, true, &n) || !cmd.number(seed, 0, 1.8e19, true, &s) ||
-      !cmd.number(window, 1, 1e9, true, &w) || !cmd.number(objects, 1, 1e7, true, &k) ||
+      !cmd.number(window, 0, 1e9, true, &w) || !cmd.number(objects, 1, 1e7, true, &k) ||
       !cmd.number(pid, 0, 1e9, true, &p) || !cmd.number(timeout, 0.1, 1e6, false, &o->timeout)) {
     std::cerr
         << "PARSE ERROR: --count, --seed, --window, --objects, --viewer-pid and --timeout take numbers\n";
