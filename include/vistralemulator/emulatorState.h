@@ -213,8 +213,9 @@ struct DtEmulatorCounters {
   long ignored = 0;         // PDUs for other viewers, status reports of other viewers, unknown commands
   long answered = 0;        // state reports sent
   long unknownTargets = 0;  // commands and updates naming an object or attribute the viewer does not have
-  // A running digest of the images of the control PDUs taken, in the order they came: two viewers that took
-  // the same PDUs in the same order hold the same digest, and one PDU lost, repeated or reordered changes it.
+  // A running digest of the images of the control PDUs acted on (not those ignored), in the order they came:
+  // two viewers that acted on the same PDUs in the same order hold the same digest, and one PDU lost,
+  // repeated or reordered changes it.
   std::uint64_t digest = 0;
 };
 

@@ -56,6 +56,8 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   static void received(DtVistralControlInteraction* inter, void* usr);
   void listen();
   void answer();
+  // Acts on a PDU taken; false when it is not for this viewer or names nothing the viewer knows.
+  bool take(const DtVistralControlPdu& pdu);
   // Counts a received value that was no control PDU.
   void takeUnreadable();
 

@@ -104,26 +104,31 @@ void DtVistralEmulator::applyImage(const unsigned char* bytes, std::size_t lengt
 }
 
 void DtVistralEmulator::apply(const DtVistralControlPdu& pdu) {
-  using namespace vistralemulator;
   ++state_.counters.received;
-  state_.counters.digest = digestImage(state_.counters.digest, pdu.packet(), pdu.length());
   if (liveView_ != nullptr) {
     liveView_->logPdu(pdu);
     unpublished_ = true;
   }
+  // Only what the viewer acts on goes into the digest, so that a replay which leaves other viewers' reports
+  // out arrives at the same one.
+  if (take(pdu)) {
+    state_.counters.digest = digestImage(state_.counters.digest, pdu.packet(), pdu.length());
+  } else {
+    ++state_.counters.ignored;
+  }
+}
+
+bool DtVistralEmulator::take(const DtVistralControlPdu& pdu) {
+  using namespace vistralemulator;
   // Draw PDUs carry whatever viewer id their object was given: a viewer draws them all.
   if (const auto* draw = dynamic_cast<const DtVistralDrawControlPdu*>(&pdu)) {
     applyDraw(state_, *draw);
-    return;
+    return true;
   }
   const DtString& addressed = pdu.viewerId();
   const int command = pdu.viewerCommand();
   // Status forms are other viewers' reports, not commands.
-  if ((addressed != viewerId_ && addressed != kEveryViewer) || pdu.statusCommand()) {
-    ++state_.counters.ignored;
-    return;
-  }
-  bool applied = true;
+  if ((addressed != viewerId_ && addressed != kEveryViewer) || pdu.statusCommand()) return false;
   if (command == DtVcRequestState) {
     answer();
   } else if (const auto* options = dynamic_cast<const DtOptionsPdu*>(&pdu)) {
@@ -133,9 +138,9 @@ void DtVistralEmulator::apply(const DtVistralControlPdu& pdu) {
   } else if (const auto* modeless = dynamic_cast<const DtModelessVCPdu*>(&pdu)) {
     applyModeless(state_, *modeless);
   } else {
-    applied = isMode(command) && applyMode(state_, pdu);
+    return isMode(command) && applyMode(state_, pdu);
   }
-  if (!applied) ++state_.counters.ignored;
+  return true;
 }
 
 std::unique_ptr<DtVistralControlPdu> DtVistralEmulator::stateReport() const {

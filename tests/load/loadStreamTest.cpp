@@ -110,8 +110,13 @@ TEST(LoadStream, AboutOneInAHundredIsDamagedEveryWayAndOnlyLengthDamageBreaksThe
   EXPECT_LE(viewer.state().objects.size(), 400U + 12U);  // object ids, and attribute ids of panels
 }
 
-TEST(LoadStream, TheViewersDigestSeesOrderLossAndRepetition) {
-  const auto images = take(5, 200);
+TEST(LoadStream, TheViewersDigestSeesOrderLossAndRepetitionOfWhatItActedOn) {
+  // Draw PDUs, which a viewer acts on whatever they are addressed to.
+  std::vector<std::vector<unsigned char>> images;
+  for (auto& image : take(5, 400)) {
+    if (dynamic_cast<const DtVistralDrawControlPdu*>(read(image).get()) != nullptr) images.push_back(image);
+  }
+  ASSERT_GT(images.size(), 150U);
   const auto digestOf = [](const std::vector<std::vector<unsigned char>>& stream) {
     DtVistralEmulator viewer("vistral-1");
     for (const auto& image : stream) viewer.applyImage(image.data(), image.size());
@@ -126,6 +131,13 @@ TEST(LoadStream, TheViewersDigestSeesOrderLossAndRepetition) {
   auto repeated = images;
   repeated.insert(repeated.begin() + 50, images[50]);
   auto changed = images;
-  changed[150][changed[150].size() / 2] ^= 1;
+  changed[120][changed[120].size() / 2] ^= 1;
   for (const auto& other : {swapped, lost, repeated, changed}) EXPECT_NE(digestOf(other), digest);
+
+  // Another viewer's report is counted, and leaves the digest as it was.
+  std::unique_ptr<DtVistralControlPdu> report(DtNewVistralControlPdu(DtVcOrbitStatus));
+  report->setViewerId("vistral-2");
+  auto withReport = images;
+  withReport.emplace(withReport.begin() + 30, report->packet(), report->packet() + report->length());
+  EXPECT_EQ(digestOf(withReport), digest);
 }
