@@ -193,7 +193,7 @@ void LoadRun::sample(long sent) {
 bool LoadRun::checkMemory() const {
   if (rss_.empty()) return true;
   std::printf("viewer RSS: start %ld KiB", rss_.front().second);
-  if (grown_ == 0 || rss_.size() - grown_ < 4) {
+  if (grown_ == 0 || rss_.size() - grown_ < 3) {
     std::printf(", end %ld KiB (too short a run to judge flatness)\n", rss_.back().second);
     return true;
   }
