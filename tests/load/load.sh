@@ -47,8 +47,10 @@ mkdir -p "$out"
 
 if [ -n "$server" ]; then
   case $form in certi1516e) CERTI_HOME=$(cd "$(dirname "$server")/.." && pwd) && export CERTI_HOME ;; esac
+  server=$(cd "$(dirname "$server")" && pwd)/$(basename "$server")
   state=$out/server
-  "$here/../rtiserver.sh" start "$server" "$state" || exit 1
+  # In the run's folder, where CERTI's server leaves its log.
+  (cd "$out" && "$here/../rtiserver.sh" start "$server" "$state") || exit 1
   portFile=$state/port envFile=$state/env
   PATH=$(dirname "$server"):$PATH  # CERTI's federates start the rtia beside rtig
 fi
