@@ -221,6 +221,15 @@ class TARVEX_EXPORT DtExerciseConn {
   // The RTI's reason for the loss; empty while joined.
   const DtString& lostReason() const;
 
+  // What a lost callback is given: the connection, now lost(), and the user pointer it was added with.
+  using LostCallback = void (*)(DtExerciseConn* conn, void* usr);
+  // Calls cb(this, usr) once, inside the processIncoming() that finds the federation lost: after what arrived
+  // before the loss has been delivered, before that call throws. Callbacks run in the order they were added;
+  // one added after the loss was found is never called (lost() already says so). Null cb adds nothing.
+  void addLostCallback(LostCallback cb, void* usr);
+  // Removes the first lost callback added with the same function and user pointer; false when there is none.
+  bool removeLostCallback(LostCallback cb, void* usr);
+
   // Received interactions not yet processed, and the bytes this connection keeps for queueing them.
   std::size_t pendingIncoming() const;
   std::size_t retainedIncomingBytes() const;

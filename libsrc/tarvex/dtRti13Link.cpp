@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "dtRtiLocalPart.h"
 #include "tarvex/dtException.h"
 
 DtRti13Link::~DtRti13Link() = default;
@@ -33,15 +34,20 @@ std::string describe(const RTI::Exception& e) {
   return std::string(e._name ? e._name : "RTI exception") + ": " + (e._reason ? e._reason : "");
 }
 
-// CERTI's server takes a publication or subscription before the call returns (and refuses a synchronization
-// point that only its registrant belongs to); other RTIs confirm declarations with that round trip.
-bool declaresBeforeReturn() {
+bool isCerti() {
 #ifdef RTI_VERSION
   return std::strncmp(RTI_VERSION, "CERTI", 5) == 0;
 #else
   return false;
 #endif
 }
+
+// CERTI's server takes a publication or subscription before the call returns (and refuses a synchronization
+// point that only its registrant belongs to); other RTIs confirm declarations with that round trip.
+bool declaresBeforeReturn() { return isCerti(); }
+
+// CERTI's local part (rtia) is a process of its own, reached through a socket.
+bool localPartApart() { return isCerti(); }
 
 #if !TARVEX_RTI13_TYPES_FROM_RTI
 using Own = tarvex::RTI;
@@ -124,6 +130,7 @@ class Link final : public DtRti13Link {
   Link(const std::string& execution, const std::string& federate, const std::string& fedPath,
        const std::string& fedName, void* rtiAmbassador, Receiver& receiver)
       : execution_(execution), ambassador_(*this, receiver), sendSet_(RTI::ParameterSetFactory::create(1)) {
+    const DtPipeSignalGuard guard(localPartApart_);
     if (rtiAmbassador != nullptr) {
       rti_ = static_cast<RTI::RTIambassador*>(rtiAmbassador);
     } else {
@@ -146,20 +153,19 @@ class Link final : public DtRti13Link {
   }
 
   ~Link() override {
-    if (!lost_.empty()) return;  // nobody left to resign to
-    try {
-      rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
-    } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
-    }
-    try {
-      rti_->destroyFederationExecution(execution_.c_str());
-    } catch (...) {  // others are still joined, or one of them destroyed it first
+    const DtPipeSignalGuard guard(localPartApart_);
+    if (lost_.empty()) {
+      leave();
+      owned_.reset();
+    } else if (localPartApart_) {
+      DtAbandonAmbassador(owned_.release());  // its local part is gone: nobody left to resign to or to close
     }
   }
 
   bool createdExecution() const override { return created_; }
 
   bool interactionClassHandle(const std::string& name, unsigned long* handle) const override {
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       *handle = rti_->getInteractionClassHandle(name.c_str());
       return true;
@@ -169,6 +175,7 @@ class Link final : public DtRti13Link {
   }
 
   bool parameterHandle(const std::string& name, unsigned long cls, unsigned long* handle) const override {
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       *handle = rti_->getParameterHandle(name.c_str(), static_cast<RTI::InteractionClassHandle>(cls));
       return true;
@@ -185,6 +192,7 @@ class Link final : public DtRti13Link {
 
   void send(unsigned long cls, const DtRti13InterfaceSet& set) override {
     const auto handle = static_cast<RTI::InteractionClassHandle>(cls);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       if (!published(handle)) {
         publish(handle);
@@ -200,6 +208,7 @@ class Link final : public DtRti13Link {
 
   void subscribe(unsigned long cls, bool on) override {
     const auto handle = static_cast<RTI::InteractionClassHandle>(cls);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       if (on) {
         rti_->subscribeInteractionClass(handle, RTI::RTI_TRUE);
@@ -220,6 +229,7 @@ class Link final : public DtRti13Link {
   // reports a lost server here), and no later call can succeed.
   void tick() override {
     if (!lost_.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + lost_);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       rti_->tick();
     } catch (const RTI::Exception& e) {
@@ -274,6 +284,17 @@ class Link final : public DtRti13Link {
     Link& owner_;
     Receiver& receiver_;
   };
+
+  void leave() {
+    try {
+      rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
+    } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
+    }
+    try {
+      rti_->destroyFederationExecution(execution_.c_str());
+    } catch (...) {  // others are still joined, or one of them destroyed it first
+    }
+  }
 
   bool published(RTI::InteractionClassHandle h) const {
     for (RTI::InteractionClassHandle x : published_)
@@ -360,6 +381,7 @@ class Link final : public DtRti13Link {
     return true;
   }
 
+  const bool localPartApart_ = localPartApart();
   std::string execution_;
   Ambassador ambassador_;
   std::unique_ptr<RTI::RTIambassador> owned_;
