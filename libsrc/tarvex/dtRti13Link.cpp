@@ -134,7 +134,11 @@ class Link final : public DtRti13Link {
     if (rtiAmbassador != nullptr) {
       rti_ = static_cast<RTI::RTIambassador*>(rtiAmbassador);
     } else {
-      owned_.reset(new RTI::RTIambassador());
+      try {
+        owned_.reset(new RTI::RTIambassador());
+      } catch (const RTI::Exception& e) {  // CERTI's, when its local part cannot reach the server
+        DT_THROW("Cannot make an RTI ambassador for " + execution + ": " + describe(e));
+      }
       rti_ = owned_.get();
     }
     try {
