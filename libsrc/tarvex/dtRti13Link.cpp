@@ -158,11 +158,12 @@ class Link final : public DtRti13Link {
 
   ~Link() override {
     const DtPipeSignalGuard guard(localPartApart_);
-    if (lost_.empty()) {
-      leave();
+    // A federate whose local part is gone, found so before or now, has nobody left to resign to or to close.
+    const bool gone = !lost_.empty() || !leave();
+    if (gone && localPartApart_) {
+      DtAbandonAmbassador(owned_.release());
+    } else {
       owned_.reset();
-    } else if (localPartApart_) {
-      DtAbandonAmbassador(owned_.release());  // its local part is gone: nobody left to resign to or to close
     }
   }
 
@@ -289,15 +290,19 @@ class Link final : public DtRti13Link {
     Receiver& receiver_;
   };
 
-  void leave() {
+  // False when the RTI could not take the resignation: it can no longer serve this federate.
+  bool leave() {
     try {
       rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
+    } catch (const RTI::RTIinternalError&) {
+      return false;
     } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
     }
     try {
       rti_->destroyFederationExecution(execution_.c_str());
     } catch (...) {  // others are still joined, or one of them destroyed it first
     }
+    return true;
   }
 
   bool published(RTI::InteractionClassHandle h) const {

@@ -110,15 +110,16 @@ class Link final : public DtRti1516eLink {
     try {
       join(target, federate);
     } catch (...) {
-      leave();
+      if (!leave() && kLocalPartApart) DtAbandonAmbassador(owned_.release());
       throw;
     }
   }
 
   ~Link() override {
     const DtPipeSignalGuard guard(kLocalPartApart);
-    leave();
-    if (kLocalPartApart && !lost_.empty()) DtAbandonAmbassador(owned_.release());
+    // A federate whose local part is gone, found so before or now, has nobody left to resign to or to close.
+    const bool gone = !leave();
+    if (gone && kLocalPartApart) DtAbandonAmbassador(owned_.release());
     owned_.reset();
   }
 
@@ -304,11 +305,14 @@ class Link final : public DtRti1516eLink {
   }
 
   // Resigns and, when no one else is joined, destroys the execution; then disconnects. Leaving must not fail.
-  void leave() noexcept {
-    if (!lost_.empty()) return;  // nobody left to resign to
+  // False when the RTI can no longer serve this federate, found so before or now.
+  bool leave() noexcept {
+    if (!lost_.empty()) return false;  // nobody left to resign to
     if (joined_) {
       try {
         rti_->resignFederationExecution(rti1516e::DELETE_OBJECTS_THEN_DIVEST);
+      } catch (const rti1516e::RTIinternalError&) {
+        return false;
       } catch (...) {  // the RTI drops a federate that is gone
       }
       try {
@@ -319,8 +323,11 @@ class Link final : public DtRti1516eLink {
     }
     try {
       rti_->disconnect();
+    } catch (const rti1516e::RTIinternalError&) {
+      return false;
     } catch (...) {
     }
+    return true;
   }
 
   const rti1516e::InteractionClassHandle& classFor(unsigned long cls) const {
