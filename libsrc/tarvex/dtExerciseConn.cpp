@@ -341,8 +341,15 @@ bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::
     if (!c.live || c.fn != fn || c.usr != usr) continue;
     c.live = false;
     if (impl_->removal.eraseNow()) Impl::compact(state.callbacks);
-    // A lost federation takes no more declarations; the callback still goes.
-    if (--state.liveCallbacks == 0 && !lost()) impl_->backend->subscribe(desc->handle(), false);
+    // The callback goes whatever the federation says: a lost one takes no more declarations, and one that
+    // refuses the unsubscription now is lost, which the next processIncoming() reports. Removal runs in
+    // destructors, which must not throw; what still arrives of the class finds no callback and is dropped.
+    if (--state.liveCallbacks == 0 && !lost()) {
+      try {
+        impl_->backend->subscribe(desc->handle(), false);
+      } catch (const DtException&) {
+      }
+    }
     return true;
   }
   return false;

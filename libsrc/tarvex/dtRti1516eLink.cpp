@@ -103,6 +103,7 @@ class Link final : public DtRti1516eLink {
     try {
       rti_->connect(ambassador_, rti1516e::HLA_EVOKED, wide(target.localSettings));
     } catch (const rti1516e::Exception& e) {
+      if (kLocalPartApart) DtAbandonAmbassador(owned_.release());  // it could not reach its local part
       DT_THROW("Cannot connect to the RTI" +
                (target.localSettings.empty() ? std::string() : " at " + target.localSettings) + ": " +
                describe(e));
