@@ -210,9 +210,9 @@ class TARVEX_EXPORT DtExerciseConn {
   // inside a callback does nothing. Returns how many interactions were handed to callbacks.
   //
   // A lost federation (an RTI whose server went away, or that can no longer serve this federate) is a
-  // DtException from here, thrown after what arrived before the loss has been delivered, and again from
-  // every later call; lost() then holds and sendInteraction() sends nothing. A lost connection does not
-  // rejoin: make a new one.
+  // DtException from here, thrown after what arrived before the loss has been delivered and the lost
+  // callbacks have been called, and again from every later call; lost() then holds and sendInteraction()
+  // sends nothing. A lost connection does not rejoin: make a new one.
   int processIncoming();
 
   // Whether processIncoming() found the federation lost. Always false for the in-process federation and DIS,
