@@ -142,6 +142,10 @@ TEST(LostCallback, CalledOnceAfterWhatArrivedBeforeTheThrowAndNeverAgain) {
   EXPECT_EQ(viewer.events.size(), 2u);
   EXPECT_FALSE(viewer.conn.sendInteraction(inter));
   EXPECT_TRUE(viewer.conn.removeLostCallback(&noteLoss, &first));
+
+  // With nobody serving there, joining is refused rather than made a federation of its own.
+  EXPECT_THROW(DtExerciseConn(server.execution.c_str(), "latecomer", kBuiltInFom, backend(), nullptr),
+               DtException);
 }
 }  // namespace
 

@@ -63,10 +63,10 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
   Rti1516eFederate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                    void* rtiAmbassador, DtIncomingQueue& queue)
       : fom_(fom.fom), queue_(queue), execution_(execution), watch_(execution) {
+    DtRti1516eTarget target = targetOf(execution);
     // A federate of an RTI that has a local part of its own would join a federation of its own.
     const std::string absent = watch_.probe();
     if (!absent.empty()) DT_THROW("Cannot join federation execution " + execution + ": " + absent);
-    DtRti1516eTarget target = targetOf(execution);
     // The RTI takes FOM modules by path: the built-in one lives in a temporary file during the join.
     std::unique_ptr<DtTemporaryFile> builtIn;
     if (fom.modules.empty()) {

@@ -11,12 +11,16 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-
 #include <map>
 #include <mutex>
 
 namespace {
 constexpr int kDefaultPort = 14321;
+constexpr std::chrono::milliseconds kInterval(500);
+// A server that is alive accepts at once; one that leaves the connection hanging this long is not serving.
+constexpr std::chrono::seconds kUnanswered(3);
+// What startConnect() says when the host's name finds no address.
+constexpr int kUnknownHost = -1;
 
 // How often watches of this process found each server address gone. Connections may live on several
 // threads.
@@ -28,9 +32,39 @@ Losses& losses() {
   static Losses theLosses;
   return theLosses;
 }
-constexpr std::chrono::milliseconds kInterval(500);
-// A server that is alive accepts at once; one that leaves the connection hanging this long is not serving.
-constexpr std::chrono::seconds kUnanswered(3);
+
+// Starts connecting to host:port without blocking. The socket, with *error 0 (connected) or EINPROGRESS
+// (under way); or -1, with *error why not (kUnknownHost when the name finds no address).
+int startConnect(const std::string& host, int port, int* error) {
+  addrinfo hints{};
+  hints.ai_family = AF_UNSPEC;
+  hints.ai_socktype = SOCK_STREAM;
+  hints.ai_flags = AI_NUMERICSERV;
+  addrinfo* found = nullptr;
+  if (::getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) != 0 || found == nullptr) {
+    *error = kUnknownHost;
+    return -1;
+  }
+  int s = ::socket(found->ai_family, found->ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  *error = s < 0 ? errno : 0;
+  if (s >= 0 && ::connect(s, found->ai_addr, found->ai_addrlen) != 0) {
+    *error = errno;
+    if (*error != EINPROGRESS) {
+      ::close(s);
+      s = -1;
+    }
+  }
+  ::freeaddrinfo(found);
+  return s;
+}
+
+// How a connection under way ended, once it is writable.
+int connectError(int s) {
+  int error = 0;
+  socklen_t length = sizeof error;
+  ::getsockopt(s, SOL_SOCKET, SO_ERROR, &error, &length);
+  return error;
+}
 }  // namespace
 
 DtServerWatch::DtServerWatch(const std::string& execution) {
@@ -56,27 +90,15 @@ DtServerWatch::DtServerWatch(const std::string& execution) {
 
 std::string DtServerWatch::probe() const {
   if (address_.empty()) return {};
-  addrinfo hints{};
-  hints.ai_family = AF_UNSPEC;
-  hints.ai_socktype = SOCK_STREAM;
-  hints.ai_flags = AI_NUMERICSERV;
-  addrinfo* found = nullptr;
-  if (::getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found) != 0 || found == nullptr)
-    return "the RTI server's host " + host_ + " is not known";
-  const int s = ::socket(found->ai_family, found->ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-  int error = s < 0 ? errno : 0;
-  if (s >= 0 && ::connect(s, found->ai_addr, found->ai_addrlen) != 0) {
-    error = errno;
+  int error = 0;
+  const int s = startConnect(host_, port_, &error);
+  if (error == EINPROGRESS) {
     pollfd p{s, POLLOUT, 0};
-    if (error == EINPROGRESS) {
-      const int waitMs = static_cast<int>(std::chrono::milliseconds(kUnanswered).count());
-      error = ::poll(&p, 1, waitMs) > 0 ? 0 : ETIMEDOUT;
-      socklen_t length = sizeof error;
-      if (error == 0) ::getsockopt(s, SOL_SOCKET, SO_ERROR, &error, &length);
-    }
+    const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(kUnanswered);
+    error = ::poll(&p, 1, static_cast<int>(wait.count())) > 0 ? connectError(s) : ETIMEDOUT;
   }
-  ::freeaddrinfo(found);
   if (s >= 0) ::close(s);
+  if (error == kUnknownHost) return "the RTI server's host " + host_ + " is not known";
   if (error == 0) return {};
   return "no RTI server answers at " + address_ + " (" + std::strerror(error) + ")";
 }
@@ -109,7 +131,7 @@ DtServerWatch::~DtServerWatch() {
 }
 
 void DtServerWatch::finishProbe() {
-  ::close(socket_);
+  if (socket_ >= 0) ::close(socket_);
   socket_ = -1;
   next_ = std::chrono::steady_clock::now() + kInterval;
 }
@@ -119,39 +141,17 @@ std::string DtServerWatch::check() {
   const auto now = std::chrono::steady_clock::now();
   if (socket_ < 0) {
     if (now < next_) return lost_;
-    addrinfo hints{};
-    hints.ai_family = AF_UNSPEC;
-    hints.ai_socktype = SOCK_STREAM;
-    hints.ai_flags = AI_NUMERICSERV;
-    addrinfo* found = nullptr;
-    if (::getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found) != 0 ||
-        found == nullptr) {
-      next_ = now + kInterval;  // a name service hiccup is no verdict on the server
-      return lost_;
-    }
-    socket_ = ::socket(found->ai_family, found->ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    if (socket_ < 0) {
-      ::freeaddrinfo(found);
-      next_ = now + kInterval;
-      return lost_;
-    }
-    const int rc = ::connect(socket_, found->ai_addr, found->ai_addrlen);
-    const int error = rc == 0 ? 0 : errno;
-    ::freeaddrinfo(found);
+    int error = 0;
+    socket_ = startConnect(host_, port_, &error);
     started_ = now;
-    if (rc == 0) {
-      finishProbe();
-    } else if (error != EINPROGRESS) {
-      finishProbe();
-      if (error == ECONNREFUSED) noteLoss("the RTI server at " + address_ + " is gone (connection refused)");
-    }
+    // A name service hiccup, or a socket the system would not give, is no verdict on the server.
+    if (error != EINPROGRESS) finishProbe();
+    if (error == ECONNREFUSED) noteLoss("the RTI server at " + address_ + " is gone (connection refused)");
     return lost_;
   }
   pollfd p{socket_, POLLOUT, 0};
   if (::poll(&p, 1, 0) > 0) {
-    int error = 0;
-    socklen_t length = sizeof error;
-    ::getsockopt(socket_, SOL_SOCKET, SO_ERROR, &error, &length);
+    const int error = connectError(socket_);
     finishProbe();
     if (error == ECONNREFUSED) noteLoss("the RTI server at " + address_ + " is gone (connection refused)");
   } else if (now - started_ > kUnanswered) {
