@@ -41,8 +41,9 @@ class DtPipeSignalGuard {
     return sigpending(&set) == 0 && sigismember(&set, SIGPIPE) == 1;
   }
 
-  sigset_t pipe_{};
-  sigset_t saved_{};
+  // Set only when active_: a guard that is off costs nothing on the RTIs that need none.
+  sigset_t pipe_;
+  sigset_t saved_;
   bool pendingBefore_ = false;
   bool active_ = false;
 };
