@@ -535,6 +535,12 @@ PYBIND11_MODULE(_vistral, m) {
   conn.def_property_readonly(
       "created_execution", [](const Connection& c) { return c.get().initStatus() == DtInitCreatedExecution; },
       "Whether this connection created the execution (rather than joining it).");
+  conn.def_property_readonly(
+      "lost", [](const Connection& c) { return c.get().lost(); },
+      "Whether process_incoming() found the federation lost (an RTI server gone); it raises then.");
+  conn.def_property_readonly(
+      "lost_reason", [](const Connection& c) { return std::string(c.get().lostReason().c_str()); },
+      "The RTI's reason for the loss; empty while joined.");
   conn.def_property_readonly("pending_incoming",
                              [](const Connection& c) { return c.get().pendingIncoming(); });
   conn.def(

@@ -17,6 +17,7 @@
 // them; with the scene drawn, the viewer writes what it would show (vistralDemo.svg, vistralDemo.png) and its
 // whole state (vistralDemo.json) into the directory given as the first argument (default: the current one);
 // then the drawer goes and takes the scene away.
+// A federation lost on the way (an RTI server gone) ends the demo with a message and status 3.
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -39,6 +40,18 @@ namespace {
 std::string theExecution = "VistralDemo";  // the application's side
 constexpr const char* kViewer = "vistral-1";
 constexpr const char* kController = "demo-controller";
+
+// Which federation was lost and why, said by the first connection to find it; empty while joined.
+std::string theLoss;
+
+void noteLoss(DtExerciseConn* conn, void*) {
+  if (theLoss.empty())
+    theLoss =
+        conn->executionName().str() + " as " + conn->federateName().str() + ": " + conn->lostReason().str();
+}
+
+// Every connection of the demo tells of a loss.
+void watch(DtExerciseConn& conn) { conn.addLostCallback(&noteLoss, nullptr); }
 
 bool sameBytes(const DtPdu& a, const DtPdu& b) {
   return a.length() == b.length() &&
@@ -71,6 +84,7 @@ bool everyFamily(DtVistralEmulator& emulator) {
   std::cout << "===== Step 1: one command of each family, sent and received =====\n";
   DtExerciseConn controller(theExecution.c_str(), kController);
   DtVistralControlRegister(&controller);
+  watch(controller);
   DtExerciseConn& viewer = *emulator.connection();
   Inbox inbox;
   DtVistralControlInteraction::addCallback(&viewer, &printArrival, &inbox);
@@ -102,6 +116,7 @@ bool steeringSession(DtVistralEmulator& viewer) {
   std::cout << "\n===== Step 2: a remote controller steers a viewer and hears it back =====\n";
   DtExerciseConn conn(theExecution.c_str(), kController);
   DtVistralControlRegister(&conn);
+  watch(conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
   // Every request must be answered; on a shared network other viewers of the same id answer too.
@@ -151,6 +166,7 @@ bool drawingSession(DtVistralEmulator& viewer, const std::string& outDir) {
   // Orbit the entity the scene hangs on, so that the map shows the eye there.
   DtExerciseConn conn(theExecution.c_str(), kController);
   DtVistralControlRegister(&conn);
+  watch(conn);
   DtVistralRemoteController controller(&conn, kViewer);
   controller.setControllerId(kController);
   const DtString lead("1:3001:12");
@@ -200,6 +216,7 @@ int main(int argc, char** argv) {
       cmd.value(viewerFederation).empty() ? theExecution : cmd.value(viewerFederation);
   try {
     DtVistralEmulator viewer(viewerExecution.c_str(), kViewer);
+    watch(*viewer.connection());
     const bool families = everyFamily(viewer);
     const bool session = steeringSession(viewer);
     const bool drawing = drawingSession(viewer, outDir);
@@ -208,7 +225,11 @@ int main(int argc, char** argv) {
               << state.counters.answered << " reports\n";
     return families && session && drawing ? 0 : 1;
   } catch (const DtException& e) {
-    std::cerr << e.what() << "\n";
-    return 1;
+    if (theLoss.empty()) {
+      std::cerr << e.what() << "\n";
+      return 1;
+    }
+    std::cerr << "vistralDemo: lost federation " << theLoss << "\n";
+    return 3;
   }
 }

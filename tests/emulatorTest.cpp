@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "vistralcontrol/absoluteVcPdu.h"
 #include "vistralcontrol/groupVcPdu.h"
@@ -430,4 +431,15 @@ TEST(Emulator, HostileImagesNeitherCrashItNorTouchOtherObjects) {
   EXPECT_EQ(state.objects.at(3).text.substr(0, 3), "abc");
   EXPECT_TRUE(state.view.group.empty());  // the image holds no entries, whatever the counts say
   EXPECT_FALSE(DtEmulatorPictureSvg(state).empty());
+}
+
+TEST(Emulator, RejoinsOnlyAFederationOfItsOwnThatIsLost) {
+  DtVistralEmulator alone("vistral-1");
+  EXPECT_THROW(alone.rejoin(), DtException);  // joined nothing
+  DtExerciseConn conn("EmulatorRejoin", "app");
+  DtVistralEmulator onTheApplications(&conn, "vistral-1");
+  EXPECT_THROW(onTheApplications.rejoin(), DtException);  // the application's connection is not its to remake
+  DtVistralEmulator joined("EmulatorRejoin", "vistral-2");
+  EXPECT_THROW(joined.rejoin(), DtException);  // still joined
+  EXPECT_NE(joined.connection(), nullptr);
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Starts or stops an RTI server on free loopback ports for the scenario tests over an RTI.
-#   rtiserver.sh start <rtinode or rtig program> <state dir>   writes <state dir>/port, env and pid
+#   rtiserver.sh start <rtinode or rtig program> <state dir> [port]   writes <state dir>/port, env and pid;
+#       with a port, on that one only (a server started again where its federates look for it)
 #   rtiserver.sh stop <state dir>
 # <state dir>/env holds what a federate of that RTI needs in its environment to find the server.
 set -euo pipefail
@@ -9,15 +10,22 @@ portFree() { ! (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
 
 case "$1" in
 start)
-  program=$2 state=$3
-  mkdir -p "$state"
+  program=$2 fixed=${4:-}
+  case $program in */*) program=$(cd "$(dirname "$program")" && pwd)/$(basename "$program") ;; esac
+  mkdir -p "$3"
+  state=$(cd "$3" && pwd)
   for attempt in $(seq 1 20); do
-    port=$((20000 + RANDOM % 40000))
-    portFree "$port" || continue
+    port=${fixed:-$((20000 + RANDOM % 40000))}
+    if ! portFree "$port"; then
+      [ -z "$fixed" ] || sleep 0.1  # the port's last holder may not have let it go yet
+      continue
+    fi
     case "$(basename "$program")" in
     rtig)  # its federates' rtia find it by these; it also takes datagrams on the next port
       printf 'CERTI_HOST=127.0.0.1\nCERTI_TCP_PORT=%s\nCERTI_UDP_PORT=%s\n' "$port" $((port + 1)) >"$state/env"
-      env CERTI_TCP_PORT="$port" CERTI_UDP_PORT=$((port + 1)) "$program" -l 127.0.0.1 >"$state/server.log" 2>&1 &
+      # in the state folder, where it writes its RTIG.log
+      (cd "$state" && exec env CERTI_TCP_PORT="$port" CERTI_UDP_PORT=$((port + 1)) "$program" -l 127.0.0.1 \
+        >"$state/server.log" 2>&1) &
       ;;
     *)
       : >"$state/env"

@@ -5,6 +5,7 @@
 //
 //   vistralEmulator [--viewer NAME] [--federation NAME] [--fed FILE] [--seconds N]
 //                   [--svg FILE] [--png FILE] [--json FILE] [--http [HOST:]PORT] [--quiet] [--dump]
+//                   [--rejoin]
 #include <chrono>
 #include <cmath>
 #include <csignal>
@@ -53,6 +54,18 @@ std::string livePage(const char* argv0) {
   return {};
 }
 
+// After a loss: tries to join again about once a second until it works, the run is stopped, or over() says
+// its time is up.
+template <class Over>
+bool rejoinWhenBack(DtVistralEmulator& emulator, const Over& over) {
+  while (theStop == 0 && !over()) {
+    if (emulator.rejoin()) return true;
+    for (int i = 0; i < 20 && theStop == 0 && !over(); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return false;
+}
+
 bool write(bool ok, const std::string& what, const std::string& path) {
   std::cout << (ok ? "wrote " : "could not write ") << what << " " << path << "\n";
   return ok;
@@ -83,6 +96,9 @@ int main(int argc, char** argv) {
                    "serve a live view of the viewer at http://HOST:PORT/ (HOST 127.0.0.1 unless given)", "");
   const int quiet = cmd.addSwitch("quiet", "q", "do not print each PDU received");
   const int dump = cmd.addSwitch("dump", "d", "also print the fields of each PDU received");
+  const int rejoin = cmd.addSwitch(
+      "rejoin", "",
+      "when the RTI's server goes away, keep the viewer's state and join again once it is back");
   if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   double runFor = 0;
   if (!cmd.number(seconds, 0, HUGE_VAL, false, &runFor)) {
@@ -115,20 +131,26 @@ int main(int argc, char** argv) {
       DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
     std::cout << "viewer " << cmd.value(viewer) << " joined " << cmd.value(federation) << std::endl;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(runFor);
-    // A lost federation ends the run as an interruption would, files written, but the exit status says so.
+    const auto over = [&] { return runFor != 0 && std::chrono::steady_clock::now() >= deadline; };
+    // A lost federation ends the run as an interruption would, files written, but the exit status says so;
+    // unless asked to rejoin, when only a server that never comes back in time ends it.
     bool lost = false;
-    while (theStop == 0 && (runFor == 0 || std::chrono::steady_clock::now() < deadline)) {
+    while (theStop == 0 && !over()) {
       try {
         if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
       } catch (const DtException& e) {
         if (!emulator.connection()->lost()) throw;
         std::cerr << "viewer " << cmd.value(viewer) << " lost federation " << cmd.value(federation) << ": "
-                  << emulator.connection()->lostReason() << "\n";
-        lost = true;
-        break;
+                  << emulator.connection()->lostReason()
+                  << (cmd.isSet(rejoin) ? "; joining again once it is back" : "") << std::endl;
+        lost = !cmd.isSet(rejoin) || !rejoinWhenBack(emulator, over);
+        if (lost) break;
+        if (!cmd.isSet(quiet))
+          DtVistralControlInteraction::addCallback(emulator.connection(), &printArrival, nullptr);
+        std::cout << "viewer " << cmd.value(viewer) << " rejoined " << cmd.value(federation) << std::endl;
       }
     }
-    if (!cmd.isSet(quiet))
+    if (!cmd.isSet(quiet) && emulator.connection() != nullptr)
       DtVistralControlInteraction::removeCallback(emulator.connection(), &printArrival, nullptr);
     const DtEmulatorState& state = emulator.state();
     if (live) {

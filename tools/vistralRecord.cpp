@@ -3,13 +3,17 @@
 // from 127.0.0.1 port 3001 to 127.0.0.1 port 3000, so that the kind-202 dissector and vistralInspect read
 // every recording alike. The file is valid after every PDU, so an interrupted recording keeps what it had.
 //
-//   vistralRecord --federation NAME [--fed FILE] [--seconds N] [--count N] OUT.pcapng
+// When the federation is lost (an RTI server gone) it says so and stops, with status 3; with --rejoin it
+// joins again once the server is back and records on into the same file.
+//
+//   vistralRecord --federation NAME [--fed FILE] [--seconds N] [--count N] [--rejoin] OUT.pcapng
 #include <chrono>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <thread>
 
 #include "tarvex/dtCmdLine.h"
@@ -38,6 +42,17 @@ void record(DtVistralControlInteraction* inter, void* usr) {
                          static_cast<std::size_t>(pdu->length()));
   std::fflush(recording->file);
 }
+
+// A connection that records into the recording; null when it cannot join (yet).
+std::unique_ptr<DtExerciseConn> join(const DtCmdLine& cmd, int federation, int name, int fed,
+                                     Recording& recording) {
+  const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
+  auto conn = std::make_unique<DtExerciseConn>(cmd.value(federation).c_str(), cmd.value(name).c_str(),
+                                               fedFile, nullptr, nullptr);
+  DtVistralControlRegister(conn.get());
+  DtVistralControlInteraction::addCallback(conn.get(), &record, &recording);
+  return conn;
+}
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -52,6 +67,8 @@ int main(int argc, char** argv) {
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "record for N seconds (0: until interrupted)", "0");
   const int count = cmd.addValue("count", "c", "N", "stop after N PDUs (0: no limit)", "0");
+  const int rejoin = cmd.addSwitch(
+      "rejoin", "", "when the RTI's server goes away, join again once it is back and record on");
   cmd.setPositionalHelp("OUT.pcapng", "the recording to write");
   if (const int status = cmd.parseForProgram(argc, argv); status >= 0) return status;
   double runFor = 0, limitNumber = 0;
@@ -82,17 +99,39 @@ int main(int argc, char** argv) {
   Recording recording{&writer, file};
   int status = 0;
   try {
-    const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
-    DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(name).c_str(), fedFile, nullptr, nullptr);
-    DtVistralControlRegister(&conn);
-    DtVistralControlInteraction::addCallback(&conn, &record, &recording);
+    std::unique_ptr<DtExerciseConn> conn = join(cmd, federation, name, fed, recording);
     std::cerr << "recording " << cmd.value(federation) << " to " << cmd.positionals()[0] << std::endl;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::duration<double>(runFor);
-    while (theStop == 0 && (runFor == 0 || std::chrono::steady_clock::now() < deadline) &&
-           (limit == 0 || writer.written() < limit)) {
-      if (conn.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    const auto over = [&] { return runFor != 0 && std::chrono::steady_clock::now() >= deadline; };
+    auto nextTry = std::chrono::steady_clock::now();
+    while (theStop == 0 && !over() && (limit == 0 || writer.written() < limit)) {
+      if (!conn) {  // lost, and asked to rejoin: about once a second
+        if (std::chrono::steady_clock::now() >= nextTry) {
+          nextTry = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+          try {
+            conn = join(cmd, federation, name, fed, recording);
+            std::cerr << "vistralRecord: rejoined " << cmd.value(federation) << std::endl;
+          } catch (const DtException&) {  // the server is not back yet
+          }
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        continue;
+      }
+      try {
+        if (conn->processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      } catch (const DtException&) {
+        if (!conn->lost()) throw;
+        std::cerr << "vistralRecord: lost federation " << cmd.value(federation) << ": " << conn->lostReason()
+                  << (cmd.isSet(rejoin) ? "; joining again once it is back" : "") << std::endl;
+        conn.reset();
+        status = 3;
+        if (!cmd.isSet(rejoin)) break;
+      }
     }
-    DtVistralControlInteraction::removeCallback(&conn, &record, &recording);
+    if (conn) {
+      status = 0;
+      DtVistralControlInteraction::removeCallback(conn.get(), &record, &recording);
+    }
   } catch (const DtException& e) {
     std::cerr << e.what() << "\n";
     status = 1;

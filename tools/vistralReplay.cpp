@@ -6,6 +6,8 @@
 // The viewers' state reports in a recording are left out unless asked for: replayed into a viewer, the
 // session makes it answer for itself.
 //
+// When the federation is lost (an RTI server gone) it says so within a second or so and stops, with status 3.
+//
 //   vistralReplay --federation NAME [--fed FILE] [--speed X | --fast] [--port N] [--with-reports] RECORDING
 #include <sched.h>
 #include <sys/prctl.h>
@@ -38,6 +40,12 @@ volatile std::sig_atomic_t theStop = 0;
 void stop(int) { theStop = 1; }
 
 using Clock = std::chrono::steady_clock;
+
+// How often the connection is let deliver (and tell of a loss) while sending as fast as possible.
+constexpr std::chrono::milliseconds kPollWhileFast(100);
+
+// Keeps why the federation was lost, for the program's own message.
+void noteLost(DtExerciseConn* conn, void* usr) { *static_cast<std::string*>(usr) = conn->lostReason().str(); }
 
 // How long before a PDU is due the replay stops sleeping and waits it out on the processor: a scheduler's
 // wake-up is late by tens of microseconds when the process gets the processor (with --realtime under load);
@@ -134,10 +142,12 @@ int main(int argc, char** argv) {
   std::size_t skipped = 0;  // reports, and images the library makes no PDU of
   double worstLate = 0;     // ms behind the recorded pace
   double totalLate = 0;
+  std::string lost;  // why the federation was lost; empty while joined
   try {
     const char* fedFile = cmd.value(fed).empty() ? nullptr : cmd.value(fed).c_str();
     DtExerciseConn conn(cmd.value(federation).c_str(), cmd.value(name).c_str(), fedFile, nullptr, nullptr);
     DtVistralControlRegister(&conn);
+    conn.addLostCallback(&noteLost, &lost);
     // The library reads an image in a buffer as long as the longest PDU, zero past the image.
     std::vector<unsigned char> image(DtPdu::kMaxLength + 1, 0);
     std::size_t used = 0;
@@ -145,8 +155,13 @@ int main(int argc, char** argv) {
     const std::int64_t first = loaded.pdus.empty() ? 0 : loaded.pdus.front().nanoseconds;
     const Clock::time_point start = Clock::now();
     Clock::time_point shown;
+    Clock::time_point polled = start;
     for (const Loaded::Pdu& pdu : loaded.pdus) {
       if (theStop != 0) break;
+      if (cmd.isSet(fast) && Clock::now() - polled > kPollWhileFast) {
+        conn.processIncoming();
+        polled = Clock::now();
+      }
       if (!cmd.isSet(fast)) {
         const auto offset = std::chrono::nanoseconds(static_cast<std::int64_t>(
             static_cast<double>(std::max<std::int64_t>(0, pdu.nanoseconds - first)) / factor));
@@ -189,8 +204,13 @@ int main(int argc, char** argv) {
       if (conn.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
   } catch (const DtException& e) {
-    std::cerr << (terminal ? "\n" : "") << e.what() << "\n";
-    return 1;
+    if (lost.empty()) {
+      std::cerr << (terminal ? "\n" : "") << e.what() << "\n";
+      return 1;
+    }
+    std::cerr << (terminal ? "\n" : "") << "vistralReplay: lost federation " << cmd.value(federation)
+              << " after sending " << sent << " of " << loaded.pdus.size() << " PDUs: " << lost << "\n";
+    return 3;
   }
   if (terminal) std::fprintf(stderr, "\r%60s\r", "");
   std::cerr << "sent " << sent << " of " << loaded.pdus.size() << " PDUs";

@@ -210,9 +210,9 @@ class TARVEX_EXPORT DtExerciseConn {
   // inside a callback does nothing. Returns how many interactions were handed to callbacks.
   //
   // A lost federation (an RTI whose server went away, or that can no longer serve this federate) is a
-  // DtException from here, thrown after what arrived before the loss has been delivered, and again from
-  // every later call; lost() then holds and sendInteraction() sends nothing. A lost connection does not
-  // rejoin: make a new one.
+  // DtException from here, thrown after what arrived before the loss has been delivered and the lost
+  // callbacks have been called, and again from every later call; lost() then holds and sendInteraction()
+  // sends nothing. A lost connection does not rejoin: make a new one.
   int processIncoming();
 
   // Whether processIncoming() found the federation lost. Always false for the in-process federation and DIS,
@@ -220,6 +220,15 @@ class TARVEX_EXPORT DtExerciseConn {
   bool lost() const;
   // The RTI's reason for the loss; empty while joined.
   const DtString& lostReason() const;
+
+  // What a lost callback is given: the connection, now lost(), and the user pointer it was added with.
+  using LostCallback = void (*)(DtExerciseConn* conn, void* usr);
+  // Calls cb(this, usr) once, inside the processIncoming() that finds the federation lost: after what arrived
+  // before the loss has been delivered, before that call throws. Callbacks run in the order they were added;
+  // one added after the loss was found is never called (lost() already says so). Null cb adds nothing.
+  void addLostCallback(LostCallback cb, void* usr);
+  // Removes the first lost callback added with the same function and user pointer; false when there is none.
+  bool removeLostCallback(LostCallback cb, void* usr);
 
   // Received interactions not yet processed, and the bytes this connection keeps for queueing them.
   std::size_t pendingIncoming() const;

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 
 #include "tarvex/dtString.h"
 #include "vistralcontrol/vistralControlPdu.h"
@@ -32,6 +33,14 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
 
   // Lets the connection deliver what has arrived; returns the interactions handled.
   int processIncoming();
+
+  // After its own connection was lost (an RTI server that went away): leaves it and joins the same execution
+  // again, as the same federate under the same viewer id, keeping its state and counters. False while the
+  // execution cannot be joined yet (its server is not back): call it again, say every second. Until a call
+  // succeeds the emulator has no connection (connection() is null) and processIncoming() does nothing. The
+  // application's callbacks on the lost connection go with it. A DtException when the emulator joined no
+  // execution itself, or when its connection is not lost.
+  bool rejoin();
 
   // Takes one PDU as if it had arrived, addressing rules included.
   void apply(const DtVistralControlPdu& pdu);
@@ -62,6 +71,8 @@ class VISTRAL_EMULATOR_EXPORT DtVistralEmulator {
   void takeUnreadable();
 
   DtString viewerId_;
+  std::string execution_;  // what the emulator joined itself, for rejoin(); empty otherwise
+  std::string fedFile_;
   std::unique_ptr<DtExerciseConn> ownedConn_;
   DtExerciseConn* conn_ = nullptr;
   DtEmulatorState state_;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "emulatorApply.h"
+#include "tarvex/dtException.h"
 #include "tarvex/dtExerciseConn.h"
 #include "tarvex/dtInteractionDecoder.h"
 #include "vistralcontrol/hVistralControlInter.h"
@@ -38,6 +39,8 @@ DtVistralEmulator::DtVistralEmulator(DtExerciseConn* conn, const DtString& viewe
 
 DtVistralEmulator::DtVistralEmulator(const char* executionName, const DtString& viewerId, const char* fedFile)
     : viewerId_(viewerId),
+      execution_(executionName != nullptr ? executionName : ""),
+      fedFile_(fedFile != nullptr ? fedFile : ""),
       ownedConn_(
           std::make_unique<DtExerciseConn>(executionName, viewerId.c_str(), fedFile, nullptr, nullptr)) {
   conn_ = ownedConn_.get();
@@ -65,6 +68,29 @@ int DtVistralEmulator::processIncoming() {
   // A change not yet shown is handed over once the view takes a copy again, even when nothing new came.
   if (liveView_ != nullptr && unpublished_ && liveView_->publish(state_)) unpublished_ = false;
   return handled;
+}
+
+bool DtVistralEmulator::rejoin() {
+  if (execution_.empty())
+    DT_THROW("Viewer " + viewerId_.str() + " joined no execution itself, so it cannot rejoin one");
+  if (ownedConn_ && !ownedConn_->lost())
+    DT_THROW("Viewer " + viewerId_.str() + " is still joined to " + execution_);
+  if (ownedConn_) {
+    // The lost federate goes first, with what it holds of the RTI.
+    DtVistralControlInteraction::removeCallback(conn_, &DtVistralEmulator::received, this);
+    ownedConn_.reset();
+    conn_ = nullptr;
+  }
+  try {
+    ownedConn_ =
+        std::make_unique<DtExerciseConn>(execution_.c_str(), viewerId_.c_str(),
+                                         fedFile_.empty() ? nullptr : fedFile_.c_str(), nullptr, nullptr);
+  } catch (const DtException&) {
+    return false;  // the server is not back yet
+  }
+  conn_ = ownedConn_.get();
+  listen();
+  return true;
 }
 
 void DtVistralEmulator::setLiveView(DtEmulatorLiveView* view) {

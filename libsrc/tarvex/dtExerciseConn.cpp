@@ -136,6 +136,12 @@ struct DtExerciseConn::Impl {
   DtString lostReason;                // empty while joined
   std::unique_ptr<DtException> lost;  // what processIncoming() throws once the federation is lost
   DtDeferredRemoval removal;          // callbacks removed while processIncoming() walks them
+  struct LostEntry {
+    LostCallback cb;
+    void* usr;
+    bool live;
+  };
+  std::vector<LostEntry> lostCallbacks;
   // Names asked for and what they found. The FOM and the mapper do not change once the connection has
   // joined, so a name always finds the same class, and senders ask by the same few names on every send.
   struct NameLookup {
@@ -244,9 +250,20 @@ struct DtExerciseConn::Impl {
     return true;
   }
 
-  static void compact(ClassState& state) {
-    auto& cbs = state.callbacks;
-    for (auto it = cbs.begin(); it != cbs.end();) it = it->live ? it + 1 : cbs.erase(it);
+  template <class Entries>
+  static void compact(Entries& entries) {
+    entries.erase(std::remove_if(entries.begin(), entries.end(), [](const auto& e) { return !e.live; }),
+                  entries.end());
+  }
+
+  // Once, when the loss is found. A callback may add or remove lost callbacks: only those present now are
+  // called, each read afresh.
+  void reportLoss(DtExerciseConn& conn) {
+    const std::size_t n = lostCallbacks.size();
+    for (std::size_t i = 0; i < n; ++i) {
+      const LostEntry e = lostCallbacks[i];
+      if (e.live) e.cb(&conn, e.usr);
+    }
   }
 };
 
@@ -323,9 +340,16 @@ bool DtExerciseConn::removeCallback(const char* className, DtInteractionDetail::
   for (Impl::Callback& c : state.callbacks) {
     if (!c.live || c.fn != fn || c.usr != usr) continue;
     c.live = false;
-    if (impl_->removal.eraseNow()) Impl::compact(state);
-    // A lost federation takes no more declarations; the callback still goes.
-    if (--state.liveCallbacks == 0 && !lost()) impl_->backend->subscribe(desc->handle(), false);
+    if (impl_->removal.eraseNow()) Impl::compact(state.callbacks);
+    // The callback goes whatever the federation says: a lost one takes no more declarations, and one that
+    // refuses the unsubscription now is lost, which the next processIncoming() reports. Removal runs in
+    // destructors, which must not throw; what still arrives of the class finds no callback and is dropped.
+    if (--state.liveCallbacks == 0 && !lost()) {
+      try {
+        impl_->backend->subscribe(desc->handle(), false);
+      } catch (const DtException&) {
+      }
+    }
     return true;
   }
   return false;
@@ -369,16 +393,34 @@ int DtExerciseConn::processIncoming() {
         m.queue.drain([&](RTI::InteractionClassHandle cls, const RTI::ParameterHandleValuePairSet& set) {
           if (m.deliver(*this, cls, set)) ++delivered;
         });
-        if (m.lost) throw *m.lost;
+        if (!m.lost) return;
+        m.reportLoss(*this);
+        throw *m.lost;
       },
       [&] {
-        for (Impl::ClassState& state : m.states) Impl::compact(state);
+        for (Impl::ClassState& state : m.states) Impl::compact(state.callbacks);
+        Impl::compact(m.lostCallbacks);
       });
   return delivered;
 }
 
 bool DtExerciseConn::lost() const { return impl_->lost != nullptr; }
 const DtString& DtExerciseConn::lostReason() const { return impl_->lostReason; }
+
+void DtExerciseConn::addLostCallback(LostCallback cb, void* usr) {
+  if (cb != nullptr) impl_->lostCallbacks.push_back(Impl::LostEntry{cb, usr, true});
+}
+
+bool DtExerciseConn::removeLostCallback(LostCallback cb, void* usr) {
+  auto& entries = impl_->lostCallbacks;
+  for (Impl::LostEntry& e : entries) {
+    if (!e.live || e.cb != cb || e.usr != usr) continue;
+    e.live = false;
+    if (impl_->removal.eraseNow()) Impl::compact(entries);
+    return true;
+  }
+  return false;
+}
 
 std::size_t DtExerciseConn::pendingIncoming() const { return impl_->queue.pending(); }
 std::size_t DtExerciseConn::retainedIncomingBytes() const { return impl_->queue.retainedBytes(); }

@@ -18,11 +18,14 @@ class Rti13Federate final : public DtFederationBackend, private DtRti13Link::Rec
   Rti13Federate(const std::string& execution, const std::string& federate, const DtFomSource& fom,
                 void* rtiAmbassador, DtIncomingQueue& queue)
       : fom_(fom.fom), queue_(queue), execution_(execution), watch_(execution) {
+    // A federate of an RTI that has a local part of its own would join a federation of its own.
+    const std::string absent = watch_.probe();
+    if (!absent.empty()) DT_THROW("Cannot join federation execution " + execution + ": " + absent);
     // The RTI takes a FED file by path only: the built-in one lives in a temporary file during the join.
     std::unique_ptr<DtTemporaryFile> builtIn;
     if (fom.path.empty())
       builtIn = std::make_unique<DtTemporaryFile>(DtBuiltInFomText, ".fed", "the built-in FOM");
-    link_ = DtRti13Join(execution, federate, builtIn ? builtIn->path() : fom.path,
+    link_ = DtRti13Join(watch_.urlForRti(execution), federate, builtIn ? builtIn->path() : fom.path,
                         fom.path.empty() ? std::string(DtBuiltInFomName) : fom.path, rtiAmbassador, *this);
   }
 

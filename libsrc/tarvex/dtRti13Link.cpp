@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "dtRtiLocalPart.h"
 #include "tarvex/dtException.h"
 
 DtRti13Link::~DtRti13Link() = default;
@@ -33,15 +34,20 @@ std::string describe(const RTI::Exception& e) {
   return std::string(e._name ? e._name : "RTI exception") + ": " + (e._reason ? e._reason : "");
 }
 
-// CERTI's server takes a publication or subscription before the call returns (and refuses a synchronization
-// point that only its registrant belongs to); other RTIs confirm declarations with that round trip.
-bool declaresBeforeReturn() {
+bool isCerti() {
 #ifdef RTI_VERSION
   return std::strncmp(RTI_VERSION, "CERTI", 5) == 0;
 #else
   return false;
 #endif
 }
+
+// CERTI's server takes a publication or subscription before the call returns (and refuses a synchronization
+// point that only its registrant belongs to); other RTIs confirm declarations with that round trip.
+bool declaresBeforeReturn() { return isCerti(); }
+
+// CERTI's local part (rtia) is a process of its own, reached through a socket.
+bool localPartApart() { return isCerti(); }
 
 #if !TARVEX_RTI13_TYPES_FROM_RTI
 using Own = tarvex::RTI;
@@ -124,10 +130,15 @@ class Link final : public DtRti13Link {
   Link(const std::string& execution, const std::string& federate, const std::string& fedPath,
        const std::string& fedName, void* rtiAmbassador, Receiver& receiver)
       : execution_(execution), ambassador_(*this, receiver), sendSet_(RTI::ParameterSetFactory::create(1)) {
+    const DtPipeSignalGuard guard(localPartApart_);
     if (rtiAmbassador != nullptr) {
       rti_ = static_cast<RTI::RTIambassador*>(rtiAmbassador);
     } else {
-      owned_.reset(new RTI::RTIambassador());
+      try {
+        owned_.reset(new RTI::RTIambassador());
+      } catch (const RTI::Exception& e) {  // CERTI's, when its local part cannot reach the server
+        DT_THROW("Cannot make an RTI ambassador for " + execution + ": " + describe(e));
+      }
       rti_ = owned_.get();
     }
     try {
@@ -146,20 +157,20 @@ class Link final : public DtRti13Link {
   }
 
   ~Link() override {
-    if (!lost_.empty()) return;  // nobody left to resign to
-    try {
-      rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
-    } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
-    }
-    try {
-      rti_->destroyFederationExecution(execution_.c_str());
-    } catch (...) {  // others are still joined, or one of them destroyed it first
+    const DtPipeSignalGuard guard(localPartApart_);
+    // A federate whose local part is gone, found so before or now, has nobody left to resign to or to close.
+    const bool gone = !lost_.empty() || !leave();
+    if (gone && localPartApart_) {
+      DtAbandonAmbassador(owned_.release());
+    } else {
+      owned_.reset();
     }
   }
 
   bool createdExecution() const override { return created_; }
 
   bool interactionClassHandle(const std::string& name, unsigned long* handle) const override {
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       *handle = rti_->getInteractionClassHandle(name.c_str());
       return true;
@@ -169,6 +180,7 @@ class Link final : public DtRti13Link {
   }
 
   bool parameterHandle(const std::string& name, unsigned long cls, unsigned long* handle) const override {
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       *handle = rti_->getParameterHandle(name.c_str(), static_cast<RTI::InteractionClassHandle>(cls));
       return true;
@@ -185,6 +197,7 @@ class Link final : public DtRti13Link {
 
   void send(unsigned long cls, const DtRti13InterfaceSet& set) override {
     const auto handle = static_cast<RTI::InteractionClassHandle>(cls);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       if (!published(handle)) {
         publish(handle);
@@ -200,6 +213,7 @@ class Link final : public DtRti13Link {
 
   void subscribe(unsigned long cls, bool on) override {
     const auto handle = static_cast<RTI::InteractionClassHandle>(cls);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       if (on) {
         rti_->subscribeInteractionClass(handle, RTI::RTI_TRUE);
@@ -220,6 +234,7 @@ class Link final : public DtRti13Link {
   // reports a lost server here), and no later call can succeed.
   void tick() override {
     if (!lost_.empty()) DT_THROW("Lost federation execution " + execution_ + ": " + lost_);
+    const DtPipeSignalGuard guard(localPartApart_);
     try {
       rti_->tick();
     } catch (const RTI::Exception& e) {
@@ -274,6 +289,21 @@ class Link final : public DtRti13Link {
     Link& owner_;
     Receiver& receiver_;
   };
+
+  // False when the RTI could not take the resignation: it can no longer serve this federate.
+  bool leave() {
+    try {
+      rti_->resignFederationExecution(RTI::DELETE_OBJECTS_AND_RELEASE_ATTRIBUTES);
+    } catch (const RTI::RTIinternalError&) {
+      return false;
+    } catch (...) {  // leaving must not fail; the RTI drops a federate that is gone
+    }
+    try {
+      rti_->destroyFederationExecution(execution_.c_str());
+    } catch (...) {  // others are still joined, or one of them destroyed it first
+    }
+    return true;
+  }
 
   bool published(RTI::InteractionClassHandle h) const {
     for (RTI::InteractionClassHandle x : published_)
@@ -360,6 +390,7 @@ class Link final : public DtRti13Link {
     return true;
   }
 
+  const bool localPartApart_ = localPartApart();
   std::string execution_;
   Ambassador ambassador_;
   std::unique_ptr<RTI::RTIambassador> owned_;

@@ -64,6 +64,9 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
                    void* rtiAmbassador, DtIncomingQueue& queue)
       : fom_(fom.fom), queue_(queue), execution_(execution), watch_(execution) {
     DtRti1516eTarget target = targetOf(execution);
+    // A federate of an RTI that has a local part of its own would join a federation of its own.
+    const std::string absent = watch_.probe();
+    if (!absent.empty()) DT_THROW("Cannot join federation execution " + execution + ": " + absent);
     // The RTI takes FOM modules by path: the built-in one lives in a temporary file during the join.
     std::unique_ptr<DtTemporaryFile> builtIn;
     if (fom.modules.empty()) {
@@ -74,6 +77,7 @@ class Rti1516eFederate final : public DtFederationBackend, private DtRti1516eLin
       target.fomModules = fom.modules;
       target.fomName = fom.path;
     }
+    target.localSettings = watch_.urlForRti(target.localSettings);
     link_ = DtRti1516eJoin(target, federate, rtiAmbassador, *this);
   }
 

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "dtRtiLocalPart.h"
 #include "tarvex/dtException.h"
 
 DtRti1516eLink::~DtRti1516eLink() = default;
@@ -27,6 +28,13 @@ constexpr double kWaitSlice = 0.01;
 // How long after a publication the RTI is given before the first send, for the other federates' parts of it
 // to take it in.
 constexpr std::chrono::milliseconds kPublicationSpread(250);
+// CERTI's local part (rtia) is a process of its own, reached through a socket.
+#if __has_include(<RTI/certiRTI1516.h>)
+constexpr bool kLocalPartApart = true;
+#else
+constexpr bool kLocalPartApart = false;
+#endif
+
 // Callbacks one evoke() runs at most, so that a flood cannot keep processIncoming() from returning.
 constexpr int kCallbacksPerEvoke = 100000;
 
@@ -80,6 +88,7 @@ class Link final : public DtRti1516eLink {
  public:
   Link(const DtRti1516eTarget& target, const std::string& federate, void* rtiAmbassador, Receiver& receiver)
       : execution_(target.execution), ambassador_(*this, receiver) {
+    const DtPipeSignalGuard guard(kLocalPartApart);
     if (rtiAmbassador != nullptr) {
       rti_ = static_cast<rti1516e::RTIambassador*>(rtiAmbassador);
     } else {
@@ -94,6 +103,7 @@ class Link final : public DtRti1516eLink {
     try {
       rti_->connect(ambassador_, rti1516e::HLA_EVOKED, wide(target.localSettings));
     } catch (const rti1516e::Exception& e) {
+      if (kLocalPartApart) DtAbandonAmbassador(owned_.release());  // it could not reach its local part
       DT_THROW("Cannot connect to the RTI" +
                (target.localSettings.empty() ? std::string() : " at " + target.localSettings) + ": " +
                describe(e));
@@ -101,17 +111,24 @@ class Link final : public DtRti1516eLink {
     try {
       join(target, federate);
     } catch (...) {
-      leave();
+      if (!leave() && kLocalPartApart) DtAbandonAmbassador(owned_.release());
       throw;
     }
   }
 
-  ~Link() override { leave(); }
+  ~Link() override {
+    const DtPipeSignalGuard guard(kLocalPartApart);
+    // A federate whose local part is gone, found so before or now, has nobody left to resign to or to close.
+    const bool gone = !leave();
+    if (gone && kLocalPartApart) DtAbandonAmbassador(owned_.release());
+    owned_.reset();
+  }
 
   bool createdExecution() const override { return created_; }
 
   bool interactionClassHandle(const std::string& name, unsigned long* handle) override {
     rti1516e::InteractionClassHandle h;
+    const DtPipeSignalGuard guard(kLocalPartApart);
     try {
       h = rti_->getInteractionClassHandle(wide(name));
     } catch (const rti1516e::Exception&) {
@@ -131,6 +148,7 @@ class Link final : public DtRti1516eLink {
   bool parameterHandle(const std::string& name, unsigned long cls, unsigned long* handle) override {
     if (cls == 0 || cls > classes_.size()) return false;
     rti1516e::ParameterHandle h;
+    const DtPipeSignalGuard guard(kLocalPartApart);
     try {
       h = rti_->getParameterHandle(classes_[cls - 1], wide(name));
     } catch (const rti1516e::Exception&) {
@@ -149,6 +167,7 @@ class Link final : public DtRti1516eLink {
 
   void send(unsigned long cls, const DtRti1516eValue* values, std::size_t count) override {
     const rti1516e::InteractionClassHandle& handle = classFor(cls);
+    const DtPipeSignalGuard guard(kLocalPartApart);
     try {
       if (!published(cls)) {
         publish(cls);
@@ -165,6 +184,7 @@ class Link final : public DtRti1516eLink {
 
   void subscribe(unsigned long cls, bool on) override {
     const rti1516e::InteractionClassHandle& handle = classFor(cls);
+    const DtPipeSignalGuard guard(kLocalPartApart);
     try {
       if (on) {
         rti_->subscribeInteractionClass(handle);
@@ -183,6 +203,7 @@ class Link final : public DtRti1516eLink {
 
   void evoke() override {
     if (lost_.empty()) {
+      const DtPipeSignalGuard guard(kLocalPartApart);
       try {
         for (int n = 0; n < kCallbacksPerEvoke && lost_.empty() && rti_->evokeCallback(0.0); ++n) {
         }
@@ -285,11 +306,14 @@ class Link final : public DtRti1516eLink {
   }
 
   // Resigns and, when no one else is joined, destroys the execution; then disconnects. Leaving must not fail.
-  void leave() noexcept {
-    if (!lost_.empty()) return;  // nobody left to resign to
+  // False when the RTI can no longer serve this federate, found so before or now.
+  bool leave() noexcept {
+    if (!lost_.empty()) return false;  // nobody left to resign to
     if (joined_) {
       try {
         rti_->resignFederationExecution(rti1516e::DELETE_OBJECTS_THEN_DIVEST);
+      } catch (const rti1516e::RTIinternalError&) {
+        return false;
       } catch (...) {  // the RTI drops a federate that is gone
       }
       try {
@@ -300,8 +324,11 @@ class Link final : public DtRti1516eLink {
     }
     try {
       rti_->disconnect();
+    } catch (const rti1516e::RTIinternalError&) {
+      return false;
     } catch (...) {
     }
+    return true;
   }
 
   const rti1516e::InteractionClassHandle& classFor(unsigned long cls) const {

@@ -19,6 +19,17 @@ class DtServerWatch {
   // Call often (each poll); at most one probe is under way and one starts every interval. Empty while the
   // server answers; why it is taken for gone once it refuses a connection or leaves one unanswered too long.
   std::string check();
+  // Asks the address now, waiting at most as long as check() lets a probe go unanswered: empty when the
+  // server accepts (or there is no address to ask), else why it is taken for absent. An RTI that keeps its
+  // federates on a local part of its own lets them join even with no server there, into a federation of
+  // their own.
+  std::string probe() const;
+  // The URL to hand the RTI for a federate that joins through this server now: url as it is, unless a watch
+  // of this process found the server gone before; then with a query that makes the RTI give the federate a
+  // local part of its own. OpenRTI keeps one local part per server URL for all federates of a process, and
+  // one whose server went away serves on alone, as a federation of its own, for as long as the process
+  // lives: a federate that joined there would never meet the others again.
+  std::string urlForRti(const std::string& url) const;
   // What check() last reported.
   const std::string& lost() const { return lost_; }
   // The "HOST:PORT" watched, or empty when there is none.
@@ -26,6 +37,7 @@ class DtServerWatch {
 
  private:
   void finishProbe();
+  void noteLoss(const std::string& why);
 
   std::string address_;
   std::string host_;

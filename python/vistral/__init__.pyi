@@ -110,6 +110,10 @@ class Connection():
     @property
     def federate_name(self) -> str: ...
     @property
+    def lost(self) -> bool: """Whether process_incoming() found the federation lost (an RTI server gone); it raises then."""
+    @property
+    def lost_reason(self) -> str: """The RTI's reason for the loss; empty while joined."""
+    @property
     def pending_incoming(self) -> int: ...
     def process_incoming(self) -> int: """Delivers what has arrived; raises what a callback raised. Returns the interactions handled."""
     @staticmethod
