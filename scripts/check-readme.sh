@@ -161,10 +161,11 @@ check_examples() {
 }
 
 # A fresh clone with the working tree's changes on top, so that what is checked is what would be committed.
+# Only what differs from the last commit is copied over: the clone already has the rest.
 scratch_clone() {
   local dest=$1
   git clone --quiet --no-hardlinks "$root" "$dest"
-  (cd "$root" && git ls-files -z --cached --others --exclude-standard) |
+  (cd "$root" && git diff -z --name-only HEAD && git ls-files -z --others --exclude-standard) |
     while IFS= read -r -d '' f; do
       if [ -e "$root/$f" ]; then
         mkdir -p "$dest/$(dirname "$f")"
