@@ -137,7 +137,7 @@ int main(int argc, char** argv) {
     bool lost = false;
     while (theStop == 0 && !over()) {
       try {
-        if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        if (emulator.processIncoming() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
       } catch (const DtException& e) {
         if (!emulator.connection()->lost()) throw;
         std::cerr << "viewer " << cmd.value(viewer) << " lost federation " << cmd.value(federation) << ": "
