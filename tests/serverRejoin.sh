@@ -13,47 +13,7 @@
 # (the arguments of serverLoss.sh; PORT in the execution stands for the server's port)
 set -u
 server=$1 template=$2 steer=$3 emulator=$4 recorder=$5
-here=$(cd "$(dirname "$0")" && pwd)
-out=$(mktemp -d)
-pids=()
-cleanup() {
-  for p in "${pids[@]}"; do kill -KILL "$p" 2>/dev/null; done
-  "$here/rtiserver.sh" stop "$out/server" >/dev/null 2>&1
-  rm -rf "$out"
-}
-trap cleanup EXIT
-failures=0
-fail() {
-  echo "FAILED: $1"
-  shift
-  for f in "$@"; do echo "--- $f" && head -40 "$f"; done
-  failures=$((failures + 1))
-}
-# Waits up to $3 tenths of a second for a line matching $1 in file $2.
-waitFor() {
-  for _ in $(seq 1 "$3"); do
-    grep -q "$1" "$2" && return 0
-    sleep 0.1
-  done
-  return 1
-}
-# Waits up to $2 tenths of a second for process $1 to end; its status in $status, 255 when it did not.
-waitExit() {
-  status=255
-  for _ in $(seq 1 "$2"); do
-    if ! kill -0 "$1" 2>/dev/null; then
-      wait "$1"
-      status=$?
-      return
-    fi
-    sleep 0.1
-  done
-}
-
-"$here/rtiserver.sh" start "$server" "$out/server" || exit 1
-set -a && . "$out/server/env" && set +a
-port=$(cat "$out/server/port")
-execution=${template/PORT/$port}
+. "$(dirname "$0")/serverHarness.sh" "$server" "$template"
 
 "$emulator" --federation "$execution" --rejoin --json "$out/viewer.json" >"$out/viewer.txt" 2>"$out/viewer.err" &
 viewer=$!
