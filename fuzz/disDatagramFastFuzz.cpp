@@ -27,10 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     datagram[DtPdu::kLengthOffset + 1] = static_cast<unsigned char>(datagram.size() & 0xFF);
   }
   const int exercise = (data[0] & 2) != 0 ? data[0] >> 2 : -1;
-  const DtDisSocket::Verdict verdict = datagram.size() > DtDisBinding::kMaxDatagram
-                                           ? DtDisSocket::Verdict::BadLength
-                                           : DtDisSocket::check(datagram.data(), datagram.size(), exercise);
-  if (verdict != DtDisSocket::Verdict::Accepted) return 0;
+  if (DtDisSocket::check(datagram.data(), datagram.size(), exercise) != DtDisSocket::Verdict::Accepted)
+    return 0;
 
   queue.push(receiver.classHandle(), receiver.pduHandle(), reinterpret_cast<const char*>(datagram.data()),
              static_cast<RTI::ULong>(datagram.size()));
