@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # Fuzzing campaigns over the fast targets: builds them (preset fuzz-fast: clang, -O2, no sanitizers, in
 # build/fuzz-fast), runs each for a time or a share of a number of executions, several at once, merges what
-# found new coverage into its committed corpus (fuzz/corpus/NAME) and prints per target the executions, the
-# rate, the units merged and any crash with the file that holds its input.
+# reached code its committed corpus (fuzz/corpus/NAME) does not into it, and prints per target the
+# executions, the rate, the units merged and any crash with the file that holds its input. Only new code
+# counts for the corpora, not new hit counts of known code, so that they stay small and their replay tests
+# short.
 #
 #   scripts/fuzz.sh [-t SECONDS | -n EXECUTIONS] [-j JOBS] [-m] [NAME...]
 #
 #   -t SECONDS     run each target this long (default 60)
 #   -n EXECUTIONS  run this many executions in all, an equal share for each target
 #   -j JOBS        targets run at once (default: the number of cores)
-#   -m             minimise each corpus afresh after the merge: the fewest units that keep its coverage
+#   -m             minimise each corpus afresh after the merge: the fewest units that reach the same code
 #   NAME...        only these targets (default: all the fast ones)
 #
 # A crash stops that target's run; its input is kept as crash-* in the run's folder, which is printed. Replay
@@ -44,17 +46,29 @@ fuzz_one() {
   local name=$1 dir=$run/$1 corpus=$root/fuzz/corpus/$1
   local fuzzer=$build/fuzz/${name}Fuzzer before
   mkdir -p "$dir/new" "$corpus"
-  "$fuzzer" "${limit[@]}" -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$dir/" \
+  "$fuzzer" "$(limit "$2")" -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$dir/" \
     "$dir/new" "$corpus" >"$dir/fuzz.log" 2>&1 || true
   before=$(find "$corpus" -type f | wc -l)
-  "$fuzzer" -merge=1 -close_fd_mask=3 -artifact_prefix="$dir/merge-" "$corpus" "$dir/new" \
+  "$fuzzer" -merge=1 -use_counters=0 -close_fd_mask=3 -artifact_prefix="$dir/merge-" "$corpus" "$dir/new" \
     >"$dir/merge.log" 2>&1 || true
   echo $(($(find "$corpus" -type f | wc -l) - before)) >"$dir/merged"
   if [ "$minimise" = 1 ]; then
     rm -rf "$dir/minimised" && mkdir "$dir/minimised"
-    if "$fuzzer" -set_cover_merge=1 -close_fd_mask=3 "$dir/minimised" "$corpus" >"$dir/minimise.log" 2>&1; then
+    if "$fuzzer" -set_cover_merge=1 -use_counters=0 -close_fd_mask=3 "$dir/minimised" "$corpus" \
+      >"$dir/minimise.log" 2>&1; then
       rm -f "$corpus"/* && cp "$dir/minimised"/* "$corpus"/
     fi
+  fi
+}
+
+# The run's bound for the target of that index: its time, or its share of the executions (the first ones
+# take one more each until the remainder is spent).
+limit() {
+  if [ -z "$executions" ]; then
+    echo "-max_total_time=$seconds"
+  else
+    local count=${#targets[@]}
+    echo "-runs=$((executions / count + ($1 < executions % count ? 1 : 0)))"
   fi
 }
 
@@ -101,16 +115,12 @@ main() {
   run=$build/campaign/$(date -u +%Y%m%dT%H%M%S)
   mkdir -p "$run"
   build_fuzzers
-  if [ -n "$executions" ]; then
-    limit=(-runs=$((executions / ${#targets[@]})))
-  else
-    limit=(-max_total_time="$seconds")
-  fi
-
+  local index=0
   for t in "${targets[@]}"; do
     [ -x "$build/fuzz/${t}Fuzzer" ] || { echo "no fuzz target $t" >&2; exit 2; }
     while [ "$(jobs -rp | wc -l)" -ge "$jobs" ]; do wait -n || true; done
-    fuzz_one "$t" &
+    fuzz_one "$t" "$index" &
+    index=$((index + 1))
   done
   wait
   report
