@@ -2,7 +2,8 @@
 // draw-object type), the rest is laid over a well-formed image of it after the PDU header, and the second
 // byte may stretch the header's length to the input's. So most inputs reach one class's own decoding (counts
 // that disagree with the length, texts without an end, odd versions) instead of failing at the header. No
-// emulator, no writers: only creation and every reader, on the object and on a copy.
+// emulator, no writers: only creation, every reader and the dump on the object, and every reader on a copy
+// made from its image (whose dump would print the same again at twice the cost).
 #include <algorithm>
 #include <cstring>
 #include <functional>
@@ -74,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::readEverything(*pdu);
     std::unique_ptr<DtPdu> copy(DtVistralControlPdu::createFromNet(
         reinterpret_cast<const DtNetPduHeader*>(pdu->packet()), nullptr, nullptr));
-    if (auto* other = dynamic_cast<DtVistralControlPdu*>(copy.get())) fuzz::readEverything(*other);
+    if (auto* other = dynamic_cast<DtVistralControlPdu*>(copy.get())) fuzz::readFields(*other);
   }
   return 0;
 }

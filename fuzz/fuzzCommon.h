@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -38,6 +39,50 @@ namespace fuzz {
 // A received image as the receive path hands it over: the bytes at the start of a zero-filled buffer as
 // large as the largest length a header can state.
 constexpr std::size_t kImageBufferSize = DtPdu::kMaxLength + 1;
+
+template <class T>
+std::unique_ptr<DtVistralControlPdu> make() {
+  return std::make_unique<T>();
+}
+
+// A new object of each control PDU class, current layout and version 0.
+using Maker = std::unique_ptr<DtVistralControlPdu> (*)();
+inline const Maker kEveryClass[] = {
+    make<DtAbsoluteVCPdu>,
+    make<DtTetherVCPdu>,
+    make<DtCompassVCPdu>,
+    make<DtMimicVCPdu>,
+    make<DtOffsetMimicVCPdu>,
+    make<DtOrbitVCPdu>,
+    make<DtTrackVCPdu>,
+    make<DtTetherTrackVCPdu>,
+    make<DtMimicTrackVCPdu>,
+    make<DtGroupVCPdu>,
+    make<DtModelessVCPdu>,
+    make<DtOptionsPdu>,
+    make<DtPivotVCPdu>,
+    make<DtMoveVCPdu>,
+    make<DtRequestStateVCPdu>,
+    make<DtVdcCommandPdu>,
+    make<DtVdcCommandPduV0>,
+    make<DtVdcLinePdu>,
+    make<DtVdcLinePduV0>,
+    make<DtVdcSegmentedLinePduV0>,
+    make<DtVdcPolyObjectPdu>,
+    make<DtVdcPolyObjectPduV0>,
+    make<DtVdcTrianglePdu>,
+    make<DtVdcTrianglePduV0>,
+    make<DtVdcAreaPdu>,
+    make<DtVdcAreaPduV0>,
+    make<DtVdcTextPdu>,
+    make<DtVdcTextPduV0>,
+    make<DtVdcAttributePdu>,
+    make<DtVdcAttributePduV0>,
+    make<DtVdcAttributeUpdatePdu>,
+    make<DtVdcAttributeUpdatePduV0>,
+    make<DtVdcLayerPdu>,
+    make<DtVdcLayerPduV0>,
+};
 
 inline std::ostream& nullStream() {
   static std::ostream sink(nullptr);
@@ -187,8 +232,8 @@ inline void readDrawControl(const DtVistralDrawControlPdu& pdu) {
   }
 }
 
-// Reads every field the object's class offers, through its own accessors, and prints it.
-inline void readEverything(const DtVistralControlPdu& pdu) {
+// Reads every field the object's class offers, through its own accessors.
+inline void readFields(const DtVistralControlPdu& pdu) {
   const DtString viewer = pdu.viewerId();
   const DtString sender = pdu.senderId();
   (void)viewer.length();
@@ -210,6 +255,11 @@ inline void readEverything(const DtVistralControlPdu& pdu) {
   }
   readViewControl(pdu);
   if (const auto* draw = dynamic_cast<const DtVistralDrawControlPdu*>(&pdu)) readDrawControl(*draw);
+}
+
+// Reads every field, as readFields does, and prints the object: the dump and the text form.
+inline void readEverything(const DtVistralControlPdu& pdu) {
+  readFields(pdu);
   // The dump through one entry point or the other, by turns: both run the same printData (print adds the
   // header's fields, printDataToStream a stream of the caller's), so each state is dumped once, and both
   // entry points still see every kind of PDU and every kind of damage.

@@ -8,11 +8,6 @@
 #include "fuzzCommon.h"
 
 namespace {
-template <class T>
-std::unique_ptr<DtVistralControlPdu> make() {
-  return std::make_unique<T>();
-}
-
 void exercise(DtVistralControlPdu& pdu, const std::string& text) {
   pdu.setFromString(text.c_str());
   fuzz::readEverything(pdu);
@@ -28,44 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // The text ends at the first zero byte, as a C string would.
   const std::string cText(std::string(reinterpret_cast<const char*>(data), size).c_str());
 
-  using Maker = std::unique_ptr<DtVistralControlPdu> (*)();
-  static const Maker kMakers[] = {
-      make<DtAbsoluteVCPdu>,
-      make<DtTetherVCPdu>,
-      make<DtCompassVCPdu>,
-      make<DtMimicVCPdu>,
-      make<DtOffsetMimicVCPdu>,
-      make<DtOrbitVCPdu>,
-      make<DtTrackVCPdu>,
-      make<DtTetherTrackVCPdu>,
-      make<DtMimicTrackVCPdu>,
-      make<DtGroupVCPdu>,
-      make<DtModelessVCPdu>,
-      make<DtOptionsPdu>,
-      make<DtPivotVCPdu>,
-      make<DtMoveVCPdu>,
-      make<DtRequestStateVCPdu>,
-      make<DtVdcCommandPdu>,
-      make<DtVdcCommandPduV0>,
-      make<DtVdcLinePdu>,
-      make<DtVdcLinePduV0>,
-      make<DtVdcSegmentedLinePduV0>,
-      make<DtVdcPolyObjectPdu>,
-      make<DtVdcPolyObjectPduV0>,
-      make<DtVdcTrianglePdu>,
-      make<DtVdcTrianglePduV0>,
-      make<DtVdcAreaPdu>,
-      make<DtVdcAreaPduV0>,
-      make<DtVdcTextPdu>,
-      make<DtVdcTextPduV0>,
-      make<DtVdcAttributePdu>,
-      make<DtVdcAttributePduV0>,
-      make<DtVdcAttributeUpdatePdu>,
-      make<DtVdcAttributeUpdatePduV0>,
-      make<DtVdcLayerPdu>,
-      make<DtVdcLayerPduV0>,
-  };
-  for (Maker maker : kMakers) {
+  for (fuzz::Maker maker : fuzz::kEveryClass) {
     const auto fresh = maker();
     exercise(*fresh, cText);
     const auto filled = maker();

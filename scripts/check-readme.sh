@@ -26,6 +26,8 @@ skip_rules=(
   "a Release build of the benchmarks and a run of several minutes"
   '--preset fuzz'
   "a second, clang-built copy of the library, and ten minutes of fuzzing"
+  'scripts/fuzz\.sh'
+  "a clang-built copy of the library without sanitizers, and minutes to hours of fuzzing"
 )
 
 root=$(cd "$(dirname "$0")/.." && pwd)

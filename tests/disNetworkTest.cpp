@@ -275,6 +275,9 @@ TEST(DisSocket, OnlyOneWholePduOfTheKindAndExerciseIsAccepted) {
   EXPECT_EQ(check(pduImage(202, 1, 151, 152), -1), V::BadLength);
   EXPECT_EQ(check(pduImage(202, 1, 0, 12), -1), V::BadLength);
   EXPECT_EQ(check(pduImage(202, 1, 11, 11), -1), V::TooShort);
+  // One byte more than a datagram holds is what a receive buffer shows of a cut one, whatever it states.
+  const std::size_t tooLarge = DtDisBinding::kMaxDatagram + 1;
+  EXPECT_EQ(check(pduImage(202, 1, tooLarge, tooLarge), -1), V::BadLength);
   EXPECT_EQ(DtDisSocket::check(nullptr, 0, -1), V::TooShort);
 }
 

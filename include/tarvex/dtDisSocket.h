@@ -105,7 +105,8 @@ class TARVEX_EXPORT DtDisSocket {
   // Reads one waiting datagram into buffer (which should hold kMaxDatagram bytes) and returns its size, or -1
   // when none is waiting. A datagram larger than capacity comes back with its full size, its bytes cut.
   long receive(void* buffer, std::size_t capacity, Endpoint* from);
-  // Whether a received datagram of that size holds one whole PDU of the bound kind and exercise (any: -1).
+  // Whether a received datagram of that size holds one whole PDU of the bound kind and exercise (any: -1);
+  // one larger than kMaxDatagram (cut by the receive buffer) never does.
   static Verdict check(const unsigned char* bytes, std::size_t size, int exercise);
 
   // Where this socket's datagrams come from, as receivers see it.

@@ -122,9 +122,7 @@ class DisNetwork final : public DtFederationBackend {
       ++statistics_.ownEchoes;
       return;
     }
-    const DtDisSocket::Verdict verdict = size > DtDisBinding::kMaxDatagram
-                                             ? DtDisSocket::Verdict::BadLength
-                                             : DtDisSocket::check(bytes, size, receiver_.address().exercise);
+    const DtDisSocket::Verdict verdict = DtDisSocket::check(bytes, size, receiver_.address().exercise);
     if (verdict != DtDisSocket::Verdict::Accepted) return drop(verdict, size, from);
     if (!subscribed_ || class_ == 0) return;  // no one listens: nothing to deliver
     ++statistics_.delivered;

@@ -284,6 +284,9 @@ long DtDisSocket::receive(void* buffer, std::size_t capacity, Endpoint* from) {
 
 DtDisSocket::Verdict DtDisSocket::check(const unsigned char* bytes, std::size_t size, int exercise) {
   if (size < static_cast<std::size_t>(DtPdu::kHeaderSize)) return Verdict::TooShort;
+  // Larger than a datagram can be: the receive buffer's extra byte caught a cut one, whatever its header
+  // says.
+  if (size > DtDisBinding::kMaxDatagram) return Verdict::BadLength;
   if (bytes[DtPdu::kKindOffset] != DtDisBinding::kPduKind) return Verdict::OtherKind;
   if (exercise >= 0 && bytes[DtPdu::kExerciseIdOffset] != exercise) return Verdict::OtherExercise;
   const std::size_t stated =
