@@ -38,7 +38,10 @@ waitFor "^vistralRecord: rejoined $execution" "$out/recorder.txt" 50 || fail "th
 grep -q "^report from vistral-1: VcOrbitStatus" "$out/report.txt" || fail "the viewer answers from its orbit" "$out/report.txt"
 grep -Eq "^Radius: +120" "$out/report.txt" || fail "the viewer keeps the orbit's radius" "$out/report.txt"
 "$steer" --federation "$execution" fov 40 >"$out/fov.txt" 2>&1 || fail "setting the field of view" "$out/fov.txt"
-sleep 0.5  # for the options to arrive
+# The viewer answers after it took the options (one sender's PDUs arrive in order); the recorder, a member
+# of the same federation, has had them as long.
+"$steer" --federation "$execution" --wait 10 request-state >"$out/report2.txt" 2>&1 ||
+  fail "the viewer answers after the options" "$out/report2.txt"
 
 kill -INT "$viewer" "$recorder"
 waitExit "$viewer" 50
