@@ -92,7 +92,8 @@ scenarios() {
   [ ${#programs[@]} -gt 0 ] || die "no program of the RTI scenarios of $dir is built here"
   mapfile -t programs < <(printf '%s\n' "${programs[@]}" | sort -u)
   cmake --build "$dir" --target "${programs[@]}"
-  ctest --test-dir "$dir" -L rti --output-on-failure "$@"
+  # Side by side like the main suite: each scenario has a federation of its own on the shared servers.
+  ctest --test-dir "$dir" -L rti --output-on-failure --parallel "$(nproc)" "$@"
 }
 
 case ${1:-} in
