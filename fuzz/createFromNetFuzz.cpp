@@ -65,9 +65,13 @@ void feedEmulator(const std::uint8_t* data, std::size_t size, const DtPdu* made)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const bool quiet = (fuzz::silenceStreams(), true);
   (void)quiet;
+  // Zeros past the input, as far as any header's length can reach; only what the last input wrote is
+  // cleared again.
   static std::vector<unsigned char> image(fuzz::kImageBufferSize);
-  std::fill(image.begin(), image.end(), 0);
-  if (size > 0) std::memcpy(image.data(), data, std::min(size, image.size()));
+  static std::size_t written = 0;
+  std::fill(image.begin(), image.begin() + static_cast<long>(written), 0);
+  written = std::min(size, image.size());
+  if (written > 0) std::memcpy(image.data(), data, written);
   const auto* header = reinterpret_cast<const DtNetPduHeader*>(image.data());
   const std::string text(reinterpret_cast<const char*>(data), std::min<std::size_t>(size, 2048));
 #if VISTRAL_FUZZ_EMULATOR
