@@ -65,6 +65,8 @@ const sockaddr* asGeneric(const sockaddr_in& a) { return reinterpret_cast<const 
 // built, since building it may change errno.
 std::string systemError(int error, const std::string& what) { return what + ": " + std::strerror(error); }
 
+constexpr int kReceiveBufferRequest = 8 << 20;
+
 bool isMulticast(std::uint32_t address) { return (address >> 28) == 0xE; }
 
 void setOption(int fd, const DtDisAddress& address, int level, int option, const void* value, socklen_t size,
@@ -219,6 +221,10 @@ DtDisSocket DtDisSocket::receiver(const DtDisAddress& address) {
   DtDisSocket s(fd, address);
   const bool shared = address.cast != DtDisAddress::Cast::Unicast;
   if (shared) setInt(fd, address, SOL_SOCKET, SO_REUSEADDR, 1, "SO_REUSEADDR");
+  // A burst waits in the kernel while the application works between polls. The system caps the request at
+  // its own limit (net.core.rmem_max), which still doubles its default; a refusal leaves the default.
+  const int receiveBuffer = kReceiveBufferRequest;
+  (void)setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
   // A group member binds the group's address, so that other groups on the same port stay out.
   const std::uint32_t bindTo = address.cast == DtDisAddress::Cast::Multicast ? address.host
                                : address.cast == DtDisAddress::Cast::Unicast ? address.interface
