@@ -1,9 +1,7 @@
 // Arbitrary datagrams through the DIS receive path into a viewer emulator: each input is sent over the
 // loopback interface to an emulator listening on a dis:// address, which takes it in processIncoming().
 // Every datagram must be either delivered (and taken by the emulator) or dropped under exactly one reason.
-//
-// Input: one flag byte, then the datagram. Flag bit 0 makes the datagram's header a control PDU's (kind 202,
-// its length the datagram's), so that most inputs reach the PDU decoding behind the checks.
+// Inputs read as disDatagramInput.h says.
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -17,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "disDatagramInput.h"
 #include "fuzzCommon.h"
 #include "tarvex/dtDisSocket.h"
 #include "tarvex/dtExerciseConn.h"
@@ -63,12 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static Network net;
   static std::vector<unsigned char> datagram;
   if (size == 0) return 0;
-  datagram.assign(data + 1, data + std::min(size, DtDisBinding::kMaxDatagram + 1));
-  if ((data[0] & 1) != 0 && datagram.size() >= static_cast<std::size_t>(DtPdu::kHeaderSize)) {
-    datagram[DtPdu::kKindOffset] = DtDisBinding::kPduKind;
-    datagram[DtPdu::kLengthOffset] = static_cast<unsigned char>(datagram.size() >> 8);
-    datagram[DtPdu::kLengthOffset + 1] = static_cast<unsigned char>(datagram.size() & 0xFF);
-  }
+  fuzz::datagramOf(data, size, datagram);
   DtExerciseConn& conn = *net.emulator.connection();
   const DtDatagramStatistics before = conn.datagramStatistics();
   const auto took = net.emulator.state().counters.received;
