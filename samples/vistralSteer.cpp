@@ -313,11 +313,7 @@ int main(int argc, char** argv) {
   const int controller = cmd.addValue("controller", "c", "NAME", "this controller's id", "vistralSteer");
   const int federation =
       cmd.addValue("federation", "f", "NAME",
-                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP (two processes on "
-                   "one host: ?listen=PORT); rti://HOST:PORT/NAME or thread:///NAME for an RTI 1.3; "
-                   "hla1516e+rti://HOST:PORT/NAME, hla1516e+thread:///NAME or hla1516e:NAME for an HLA "
-                   "Evolved RTI; each RTI when built in",
-                   "VistralControl");
+                   "the federation execution: " + DtExerciseConn::executionNameForms(), "VistralControl");
   const int fed =
       cmd.addValue("fed", "", "FILE", "the FED file (HLA Evolved: FOM modules, separated by ';')", "");
   const int print = cmd.addSwitch("print", "p", "also print every PDU sent");

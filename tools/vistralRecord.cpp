@@ -60,9 +60,7 @@ int main(int argc, char** argv) {
                 "54.0");
   const int federation =
       cmd.addValue("federation", "f", "NAME",
-                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP, "
-                   "rti://HOST:PORT/NAME or thread:///NAME for an RTI when one is built in",
-                   "VistralControl");
+                   "the federation execution: " + DtExerciseConn::executionNameForms(), "VistralControl");
   const int name = cmd.addValue("name", "n", "NAME", "this federate's name", "vistralRecord");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int seconds = cmd.addValue("seconds", "s", "N", "record for N seconds (0: until interrupted)", "0");

@@ -78,9 +78,7 @@ int main(int argc, char** argv) {
   DtCmdLine cmd("vistralReplay", "Sends the control PDUs of a recording to a federation execution.", "54.0");
   const int federation =
       cmd.addValue("federation", "f", "NAME",
-                   "the federation execution: dis://HOST:PORT[?OPTIONS] for DIS over UDP, "
-                   "rti://HOST:PORT/NAME or thread:///NAME for an RTI when one is built in",
-                   "VistralControl");
+                   "the federation execution: " + DtExerciseConn::executionNameForms(), "VistralControl");
   const int name = cmd.addValue("name", "n", "NAME", "this federate's name", "vistralReplay");
   const int fed = cmd.addValue("fed", "", "FILE", "the FED file", "");
   const int speed = cmd.addValue("speed", "x", "X", "replay X times as fast as recorded", "1");

@@ -158,6 +158,9 @@ class TARVEX_EXPORT DtExerciseConn {
   static bool rtiBackendBuiltIn();
   // Whether the HLA Evolved (IEEE 1516-2010) backend is built in.
   static bool rti1516eBackendBuiltIn();
+  // The forms of execution names this build joins, in a line for a program's help: DIS always, each RTI's
+  // when its backend is built in, and a plain name for a federation of the process's own.
+  static std::string executionNameForms();
 
   // The names the connection joined with.
   const DtString& executionName() const;

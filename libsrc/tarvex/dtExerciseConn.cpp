@@ -286,6 +286,15 @@ DtExerciseConn::~DtExerciseConn() = default;
 bool DtExerciseConn::rtiBackendBuiltIn() { return TARVEX_HAVE_RTI13 != 0; }
 bool DtExerciseConn::rti1516eBackendBuiltIn() { return TARVEX_HAVE_RTI1516E != 0; }
 
+std::string DtExerciseConn::executionNameForms() {
+  std::string forms = "dis://HOST:PORT[?OPTIONS] for DIS over UDP (two processes on one host: ?listen=PORT)";
+  if (rtiBackendBuiltIn()) forms += "; rti://HOST:PORT/NAME or thread:///NAME for an HLA 1.3 RTI";
+  if (rti1516eBackendBuiltIn())
+    forms +=
+        "; hla1516e+rti://HOST:PORT/NAME, hla1516e+thread:///NAME or hla1516e:NAME for an HLA Evolved RTI";
+  return forms + "; a plain name: a federation within this process";
+}
+
 const DtString& DtExerciseConn::executionName() const { return impl_->execution; }
 const DtString& DtExerciseConn::federateName() const { return impl_->federate; }
 const char* DtExerciseConn::backendName() const { return impl_->backend->name(); }
